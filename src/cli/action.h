@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+namespace velmar::cli {
+
+/// What the program ends with.
+enum class ExitCode { done = 0, method_failed = 1, wrong_usage = 2, drawing_failed = 3 };
+
+/// The work that the command line asks for.
+using Action = std::function<ExitCode()>;
+
+// Each adds its subcommand to the program; when the user gives it, `action` becomes its work.
+void add_call(CLI::App& program, Action& action);
+void add_methods(CLI::App& program, Action& action);
+void add_info(CLI::App& program, Action& action);
+
+}  // namespace velmar::cli

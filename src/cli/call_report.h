@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "cli/call_record.h"
+#include "cli/json.h"
+
+namespace velmar::cli {
+
+/// The answer of `call --json`.
+Json call_json(const CallRecord& record);
+
+/// For people: what the method wrote to the command line, its result, and a line for each drawing
+/// that was changed or saved.
+std::string call_text(const CallRecord& record);
+
+/// "error 13: Type mismatch (VelmarMenu)".
+std::string failure_text(const basic::Failure& failure);
+
+}  // namespace velmar::cli

@@ -1,0 +1,67 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/action.h"
+#include "cli/console.h"
+#include "cli/info_report.h"
+
+namespace velmar::cli {
+namespace {
+
+struct InfoOptions {
+  std::vector<std::string> drawings;
+  bool json = false;
+};
+
+Json survey_json(const std::string& file, bool& failed) {
+  try {
+    return info_json(file, survey(drawing::Drawing::open(file)));
+  } catch (const drawing::Error& error) {
+    failed = true;
+    complain(error.what());
+    return {{"file", file}, {"error", drawing_error(error.what())}};
+  }
+}
+
+ExitCode print_json(const std::vector<std::string>& files) {
+  bool failed = false;
+  Json all = Json::array();
+  for (const std::string& file : files) all.push_back(survey_json(file, failed));
+  print(to_text(files.size() == 1 ? all.front() : all));
+  return failed ? ExitCode::drawing_failed : ExitCode::done;
+}
+
+ExitCode print_tables(const std::vector<std::string>& files) {
+  bool failed = false;
+  bool first = true;
+  for (const std::string& file : files) {
+    try {
+      const std::string text = info_text(file, survey(drawing::Drawing::open(file)));
+      print(first ? text : "\n" + text);
+      first = false;
+    } catch (const drawing::Error& error) {
+      failed = true;
+      complain(error.what());
+    }
+  }
+  return failed ? ExitCode::drawing_failed : ExitCode::done;
+}
+
+}  // namespace
+
+void add_info(CLI::App& program, Action& action) {
+  const auto options = std::make_shared<InfoOptions>();
+  CLI::App* const info = program.add_subcommand(
+      "info", "Show version, layers, layouts, blocks and entity counts of drawings");
+  info->add_option("DRAWING", options->drawings, "Drawings to look at")->required();
+  info->add_flag("--json", options->json, "Write JSON: an array for more than one drawing");
+  info->callback([options, &action] {
+    action = [options] {
+      return options->json ? print_json(options->drawings) : print_tables(options->drawings);
+    };
+  });
+}
+
+}  // namespace velmar::cli

@@ -1,0 +1,62 @@
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <sstream>
+#include <string>
+
+#include "cli/action.h"
+#include "cli/console.h"
+#include "cli/usage_error.h"
+#include "drawing/error.h"
+
+namespace {
+
+using velmar::cli::Action;
+using velmar::cli::ExitCode;
+using velmar::cli::UsageError;
+
+constexpr const char* exit_codes =
+    "Exit codes: 0 done, 1 the method ended with an error, 2 wrong usage,\n"
+    "3 a drawing could not be read or written.\n"
+    "'velmar COMMAND --help' tells more about a command.";
+
+/// Finds out what to do; help, version and wrong usage are answered here.
+Action read_command_line(int argc, char** argv) {
+  Action action;
+  CLI::App program("Velmar, a toolbox of drawing-editing commands for CAD drafters", "velmar");
+  program.set_version_flag("--version", "velmar " VELMAR_VERSION);
+  program.require_subcommand(1);
+  program.footer(exit_codes);
+  velmar::cli::add_call(program, action);
+  velmar::cli::add_methods(program, action);
+  velmar::cli::add_info(program, action);
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::Success& help_or_version) {
+    std::ostringstream text;
+    program.exit(help_or_version, text);
+    return [answer = text.str()] {
+      velmar::cli::print(answer);
+      return ExitCode::done;
+    };
+  } catch (const CLI::ParseError& error) {
+    throw UsageError(std::string(error.what()) + "\n'velmar --help' lists what is possible.");
+  }
+  return action;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  velmar::cli::install_signal_handlers();
+  try {
+    return static_cast<int>(read_command_line(argc, argv)());
+  } catch (const UsageError& error) {
+    velmar::cli::complain(std::string("velmar: ") + error.what());
+    return static_cast<int>(ExitCode::wrong_usage);
+  } catch (const velmar::drawing::Error& error) {
+    velmar::cli::complain(std::string("velmar: ") + error.what());
+  } catch (const std::exception& error) {
+    velmar::cli::complain(std::string("velmar: internal error: ") + error.what());
+  }
+  return static_cast<int>(ExitCode::drawing_failed);
+}

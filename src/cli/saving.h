@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "cli/call_record.h"
+#include "cli/run.h"
+
+namespace velmar::cli {
+
+struct SavingOptions {
+  bool in_place = false;
+  std::string output;  // for the active drawing; empty: none
+  bool dry_run = false;
+};
+
+/// Notes in `record` what changed, and saves as the options say. After a failed method nothing is
+/// saved. A change that is not saved is told on standard error; a drawing that cannot be saved
+/// becomes the record's drawing_failure, and the others are saved nevertheless.
+void save(Session& session, const SavingOptions& options, CallRecord& record);
+
+}  // namespace velmar::cli

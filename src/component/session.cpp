@@ -1,0 +1,36 @@
+#include "component/session.h"
+
+#include <utility>
+
+#include "basic/failure.h"
+
+namespace velmar {
+namespace {
+
+// The one global state of the system: COM calls a method with nothing but the object and its
+// arguments.
+HostFactory host_factory;
+thread_local host::HostApplication this_threads_host;
+
+}  // namespace
+
+void install_host_factory(HostFactory factory) { host_factory = std::move(factory); }
+
+host::HostApplication host_application() {
+  if (!this_threads_host.object()) {
+    auto object = host_factory ? host_factory() : nullptr;
+    if (!object) throw basic::Failure(basic::cannot_create_object);
+    this_threads_host = host::HostApplication(std::move(object));
+  }
+  return this_threads_host;
+}
+
+void release_host_application() { this_threads_host = {}; }
+
+host::Application application() { return host_application().Application(); }
+host::Document active_document() { return application().ActiveDocument(); }
+host::Utility utility() { return active_document().Utility(); }
+host::ModelSpace model_space() { return active_document().ModelSpace(); }
+host::SelectionSets selection_sets() { return active_document().SelectionSets(); }
+
+}  // namespace velmar

@@ -1,0 +1,9 @@
+#include "component/velmar16.h"
+
+#include <utility>
+
+namespace velmar {
+
+Velmar16::Velmar16(std::shared_ptr<const System> system) : system_(std::move(system)) {}
+
+}  // namespace velmar

@@ -1,0 +1,132 @@
+#include "drawing/drawing.h"
+
+#include <algorithm>
+
+#include "drawing/dxf/loader.h"
+#include "drawing/dxf/record_reader.h"
+#include "drawing/store.h"
+
+namespace velmar::drawing {
+
+Drawing::Drawing(std::unique_ptr<Store> store) : store_(std::move(store)) {}
+Drawing::Drawing(Drawing&&) noexcept = default;
+Drawing& Drawing::operator=(Drawing&&) noexcept = default;
+Drawing::~Drawing() = default;
+
+namespace {
+
+std::unique_ptr<Store> loaded(Source source, std::filesystem::path path, std::string name) {
+  auto store = std::make_unique<Store>();
+  store->path = std::move(path);
+  store->name = std::move(name);
+  store->source = std::move(source);
+  store->stamp = store->source.stamp();
+  dxf::load(*store);
+  store->source_count = store->records.size();
+  return store;
+}
+
+}  // namespace
+
+Drawing Drawing::open(const std::filesystem::path& path) {
+  return Drawing(loaded(Source::map(path), path, path.string()));
+}
+
+Drawing Drawing::read(std::string bytes, std::string name) {
+  return Drawing(loaded(Source::of(std::move(bytes)), {}, std::move(name)));
+}
+
+const std::filesystem::path& Drawing::path() const { return store_->path; }
+std::string_view Drawing::version() const { return store_->format.version; }
+bool Drawing::is_binary() const { return store_->format.binary; }
+std::string Drawing::code_page() const { return store_->format.code_page_name; }
+std::size_t Drawing::size() const { return store_->records.size(); }
+const std::vector<Warning>& Drawing::warnings() const { return store_->warnings; }
+
+std::optional<std::string> Drawing::header(std::string_view name) const {
+  if (store_->landmarks.header == RecordId::none) return std::nullopt;
+  const dxf::RecordReader reader(store_->bytes(store_->landmarks.header), store_->format);
+  std::string value = reader.variable(name);
+  if (value.empty()) return std::nullopt;
+  return value;
+}
+
+std::optional<Box> Drawing::header_extents() const {
+  if (store_->landmarks.header == RecordId::none) return std::nullopt;
+  const dxf::RecordReader reader(store_->bytes(store_->landmarks.header), store_->format);
+  const auto low = reader.point_variable("$EXTMIN");
+  const auto high = reader.point_variable("$EXTMAX");
+  if (!low || !high) return std::nullopt;
+  const Box box{*low, *high};
+  if (box.empty()) return std::nullopt;
+  return box;
+}
+
+const std::vector<Layer>& Drawing::layers() const { return store_->layers; }
+std::optional<LayerId> Drawing::find_layer(std::string_view name) const {
+  return store_->find_layer(name);
+}
+const std::vector<Space>& Drawing::spaces() const { return store_->spaces; }
+std::optional<SpaceId> Drawing::find_space(std::string_view name) const {
+  return store_->find_space(name);
+}
+const std::vector<Layout>& Drawing::layouts() const { return store_->layouts; }
+
+std::vector<std::string> Drawing::table(std::string_view name) const {
+  std::vector<std::string> names;
+  for (const TableRow& row : store_->rows) {
+    if (row.table == name) names.push_back(row.name);
+  }
+  return names;
+}
+
+bool Drawing::has_row(std::string_view table, std::string_view name) const {
+  for (const TableRow& row : store_->rows) {
+    if (row.table == table && same_name(row.name, name)) return true;
+  }
+  return false;
+}
+
+const Record& Drawing::record(RecordId id) const { return store_->at(id); }
+std::string_view Drawing::kind_name(RecordId id) const {
+  return store_->kind_name(store_->at(id).kind);
+}
+std::uint64_t Drawing::edition() const { return store_->edition; }
+
+RecordId Drawing::find(Handle handle) const {
+  const auto& order = store_->by_handle;
+  const auto found = std::lower_bound(
+      order.begin(), order.end(), handle,
+      [this](std::uint32_t i, Handle wanted) { return store_->records[i].handle < wanted; });
+  const bool present = found != order.end() && store_->records[*found].handle == handle;
+  return handle != 0 && present ? static_cast<RecordId>(*found) : RecordId::none;
+}
+
+std::vector<RecordId> Drawing::entities(SpaceId space) const {
+  std::vector<RecordId> alive = store_->spaces.at(index(space)).entities;
+  std::erase_if(alive, [this](RecordId id) { return store_->at(id).is(Record::erased); });
+  return alive;
+}
+
+std::size_t Drawing::entity_count(SpaceId space) const {
+  std::size_t count = 0;
+  for (const RecordId id : store_->spaces.at(index(space)).entities) {
+    if (!store_->at(id).is(Record::erased)) ++count;
+  }
+  return count;
+}
+
+std::vector<RecordId> Drawing::parts(RecordId id) const {
+  std::vector<RecordId> parts;
+  for (RecordId part = store_->next(id); index(part) < store_->records.size();
+       part = store_->next(part)) {
+    const Record& record = store_->at(part);
+    if (!record.is(Record::part) || record.kind == Kind::seqend) break;
+    if (!record.is(Record::erased)) parts.push_back(part);
+  }
+  return parts;
+}
+
+RecordId Drawing::whole(RecordId part) const { return store_->whole(part); }
+
+}  // namespace velmar::drawing

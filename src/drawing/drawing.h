@@ -1,0 +1,147 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "drawing/entities/layer_row.h"
+#include "drawing/entity.h"
+#include "drawing/geometry/box.h"
+#include "drawing/record.h"
+
+namespace velmar::drawing {
+
+/// A layer of the table, or one that entities name though the table does not list it (then `record`
+/// is none).
+struct Layer : LayerRow {
+  RecordId record = RecordId::none;
+};
+
+/// Where entities are drawn: model space, the sheet of a layout, or a block definition.
+struct Space {
+  static constexpr std::int32_t xref_flag = 4, overlay_flag = 8;
+
+  std::string name;                 // "*Model_Space", "DOOR"
+  Handle owner = 0;                 // handle of its block record: what its entities name as owner
+  RecordId block = RecordId::none;  // its BLOCK record
+  RecordId endblk = RecordId::none;
+  std::int32_t flags = 0;  // of the BLOCK record
+  Point base;
+  std::string path;  // of an external reference
+  bool is_layout = false;
+  std::vector<RecordId> entities;  // in drawing order, erased ones included: see Drawing::entities
+
+  bool is_xref() const { return (flags & (xref_flag | overlay_flag)) != 0; }
+};
+
+struct Layout {
+  std::string name;
+  std::int32_t tab = 0;
+  SpaceId space = SpaceId::none;  // none where the layout names a block record that does not exist
+  RecordId record = RecordId::none;
+};
+
+/// What differs from the file as it was read or last saved.
+struct Changes {
+  std::vector<Handle> added, modified, erased;  // in the order of the drawing
+  bool empty() const { return added.empty() && modified.empty() && erased.empty(); }
+};
+
+struct Store;  // what a drawing is made of, see store.h
+
+/// A DXF drawing, text or binary, R12 to the newest. It keeps the bytes it was read from: saving
+/// writes every record that nobody edited from those bytes. Functions fail with Error. One thread
+/// at a time.
+class Drawing {
+ public:
+  /// Maps the file. Fails where it cannot be read or is no DXF; what is merely odd becomes a
+  /// warning.
+  static Drawing open(const std::filesystem::path& path);
+  /// The same from bytes in memory; `name` stands for the file in messages.
+  static Drawing read(std::string bytes, std::string name);
+  /// A new, empty drawing of version AC1015 with layer "0", saved as text.
+  static Drawing empty();
+
+  Drawing(Drawing&&) noexcept;
+  Drawing& operator=(Drawing&&) noexcept;
+  ~Drawing();
+
+  // The file.
+  const std::filesystem::path& path() const;  // empty until read from or saved to a file
+  std::string_view version() const;           // "AC1015"; "AC1009" where the file gives none
+  bool is_binary() const;
+  std::string code_page() const;  // as the header gives it; empty where it gives none
+  std::size_t size() const;       // records
+  const std::vector<Warning>& warnings() const;
+  /// Decodes every record of a known kind and tells what is wrong with its values.
+  std::vector<Warning> check() const;
+  /// A header variable's first value as text ("$CLAYER"); nothing where the file has none.
+  std::optional<std::string> header(std::string_view name) const;
+  /// $EXTMIN and $EXTMAX, where the header has them and they make a box.
+  std::optional<Box> header_extents() const;
+
+  // Tables. Names are found without regard to case.
+  const std::vector<Layer>& layers() const;
+  std::optional<LayerId> find_layer(std::string_view name) const;
+  const Layer& layer(LayerId id) const { return layers()[index(id)]; }
+  LayerId add_layer(const LayerRow& row);
+  void write_layer(LayerId id, const LayerRow& row);
+  const std::vector<Space>& spaces() const;  // model space first
+  std::optional<SpaceId> find_space(std::string_view name) const;
+  const std::vector<Layout>& layouts() const;  // "Model" first, then by tab
+  /// Names of the rows of a table ("LTYPE", "STYLE"), in its order.
+  std::vector<std::string> table(std::string_view name) const;
+  bool has_row(std::string_view table, std::string_view name) const;
+
+  // Records.
+  const Record& record(RecordId id) const;
+  std::string_view kind_name(RecordId id) const;  // "LWPOLYLINE"
+  std::string object_name(RecordId id) const;     // "AcDbPolyline"
+  /// The record of that handle, erased ones included; none if there never was one.
+  RecordId find(Handle handle) const;
+  /// Entities of a space in drawing order, without erased ones.
+  std::vector<RecordId> entities(SpaceId space) const;
+  std::size_t entity_count(SpaceId space) const;
+  /// The VERTEX or ATTRIB records of an entity, in order, without erased ones and without the
+  /// SEQEND.
+  std::vector<RecordId> parts(RecordId id) const;
+  /// The entity a part belongs to.
+  RecordId whole(RecordId part) const;
+  /// A number that grows with every edit: what was decoded before it changed is stale.
+  std::uint64_t edition() const;
+
+  // Entities. Fails where a value is no number (the message names line and handle).
+  Entity read(RecordId id) const;
+  Common read_common(RecordId id) const;
+  /// Brings the record to these values; bytes of values that stay the same are not touched.
+  void write(RecordId id, const Entity& entity);
+  /// Adds at the end of a space. An ATTRIB cannot be added alone.
+  RecordId add(SpaceId space, const Entity& entity);
+  void erase(RecordId id);
+  /// A copy of the entity with its parts, at the end of its space.
+  RecordId copy(RecordId id);
+  /// The extended data as tags (group code from 1001 on, value as text); see also write_xdata.
+  std::vector<std::pair<int, std::string>> read_xdata(RecordId id) const;
+  /// Replaces the extended data of the applications named in `tags` (each run begins with 1001).
+  void write_xdata(RecordId id, const std::vector<std::pair<int, std::string>>& tags);
+
+  // Saving.
+  Changes changes() const;
+  bool is_changed() const;
+  /// Writes a temporary file beside the target and renames it over: on failure the old file is
+  /// whole. Refused where the target is the file this was read from and it has changed since.
+  /// Afterwards the drawing is the file of that path.
+  void save(const std::filesystem::path& path);
+  /// The whole drawing as it would be saved.
+  std::string bytes() const;
+
+ private:
+  explicit Drawing(std::unique_ptr<Store> store);
+  std::unique_ptr<Store> store_;
+};
+
+}  // namespace velmar::drawing

@@ -1,0 +1,78 @@
+#include "drawing/dxf/field_reader.h"
+
+#include <limits>
+
+namespace velmar::drawing::dxf {
+
+void FieldReader::report(const Tag& tag, std::string_view expected) {
+  if (problem_) return;
+  std::string text = "group " + std::to_string(tag.code) + ": expected " + std::string(expected);
+  if (!record_.format().binary)
+    text += ", found \"" + std::string(record_.text(tag).substr(0, 40)) + '"';
+  problem_ = Problem{tag.value, std::move(text)};
+}
+
+bool FieldReader::take_real(const Tag& tag, double& value) {
+  const auto read = real_value(record_.bytes(), tag, record_.format());
+  if (!read) report(tag, "a number");
+  if (read) value = *read;
+  return read.has_value();
+}
+
+bool FieldReader::read(int code, double& value) {
+  const Tag* tag = range_.find(code);
+  return tag && take_real(*tag, value);
+}
+
+bool FieldReader::read(int code, std::int32_t& value) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const Tag* tag = range_.find(code);
+  if (!tag) return false;
+  const auto read = integer_value(record_.bytes(), *tag, record_.format());
+  if (!read || *read < Limits::min() || *read > Limits::max()) {
+    report(*tag, "a whole number");
+    return false;
+  }
+  value = static_cast<std::int32_t>(*read);
+  return true;
+}
+
+bool FieldReader::read(int code, std::string& value) {
+  const Tag* tag = range_.find(code);
+  if (tag) value = text_value(record_.bytes(), *tag, record_.format());
+  return tag != nullptr;
+}
+
+bool FieldReader::read(int code, Point& value) {
+  if (!read(code, value.x)) return false;
+  read(code + 10, value.y);
+  read(code + 20, value.z);
+  return true;
+}
+
+bool FieldReader::read(int code, Degrees& value) {
+  double degrees = 0;
+  if (!read(code, degrees)) return false;
+  value.radians = degrees * radians_of_degree;
+  return true;
+}
+
+void FieldReader::vertices(std::vector<BulgeVertex>& list) {
+  list.clear();
+  const auto& tags = record_.tags();
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = tags[i];
+    if (tag.in_group) continue;
+    if (tag.code == 10) {
+      take_real(tag, list.emplace_back().x);
+    } else if (!list.empty()) {
+      BulgeVertex& vertex = list.back();
+      if (tag.code == 20) take_real(tag, vertex.y);
+      if (tag.code == 40) take_real(tag, vertex.start_width);
+      if (tag.code == 41) take_real(tag, vertex.end_width);
+      if (tag.code == 42) take_real(tag, vertex.bulge);
+    }
+  }
+}
+
+}  // namespace velmar::drawing::dxf

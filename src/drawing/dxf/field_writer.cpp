@@ -1,0 +1,153 @@
+#include "drawing/dxf/field_writer.h"
+
+#include <algorithm>
+
+#include "drawing/dxf/field_reader.h"
+
+namespace velmar::drawing::dxf {
+
+FieldWriter::FieldWriter(const RecordTags& record, bool complete)
+    : record_(record),
+      format_(record.format()),
+      range_(record),
+      complete_(complete),
+      insert_at_(record.xdata_offset()) {}
+
+void FieldWriter::enter(bool found) {
+  insert_at_ = found ? record_.tags()[range_.first() - 1].next : record_.xdata_offset();
+}
+
+void FieldWriter::subclass(std::string_view name) {
+  const bool found = range_.subclass(name);
+  enter(found);
+  if (found || !complete_ || !format_.has_subclasses()) return;
+  std::string marker;
+  append_text(marker, 100, name, format_);
+  insert(std::move(marker));
+}
+
+void FieldWriter::any_subclass() { enter(range_.any_subclass()); }
+
+void FieldWriter::replace(const Tag& tag, std::string bytes) {
+  edits_.push_back({tag.value, tag.value_end - tag.value, std::move(bytes)});
+}
+
+void FieldWriter::insert(std::string bytes) { edits_.push_back({insert_at_, 0, std::move(bytes)}); }
+
+void FieldWriter::write_real(const Tag& tag, double value) {
+  pass(tag);
+  if (real_value(record_.bytes(), tag, format_) != value) replace(tag, real_bytes(value, format_));
+}
+
+void FieldWriter::write(int code, double value, bool omit) {
+  if (const Tag* tag = range_.find(code)) return write_real(*tag, value);
+  if (omit) return;
+  std::string bytes;
+  append_real(bytes, code, value, format_);
+  insert(std::move(bytes));
+}
+
+void FieldWriter::write(int code, const Degrees& value, bool omit) {
+  const Tag* tag = range_.find(code);
+  const auto degrees = tag ? real_value(record_.bytes(), *tag, format_) : std::nullopt;
+  if (degrees && *degrees * radians_of_degree == value.radians) return pass(*tag);
+  write(code, value.radians / radians_of_degree, omit);
+}
+
+void FieldWriter::write(int code, std::int32_t value, bool omit) {
+  if (const Tag* tag = range_.find(code)) {
+    pass(*tag);
+    if (integer_value(record_.bytes(), *tag, format_) == value) return;
+    return replace(*tag, integer_bytes(code, value, format_));
+  }
+  if (omit) return;
+  std::string bytes;
+  append_integer(bytes, code, value, format_);
+  insert(std::move(bytes));
+}
+
+void FieldWriter::write(int code, const std::string& value, bool omit) {
+  if (const Tag* tag = range_.find(code)) {
+    pass(*tag);
+    if (text_value(record_.bytes(), *tag, format_) == value) return;
+    return replace(*tag, text_bytes(value, format_));
+  }
+  if (omit) return;
+  std::string bytes;
+  append_text(bytes, code, value, format_);
+  insert(std::move(bytes));
+}
+
+void FieldWriter::write(int code, const Point& value, bool omit) {
+  if (omit && !range_.find(code)) return;
+  write(code, value.x, false);
+  write(code + 10, value.y, false);
+  // A point that has no z in the file gets one only when it needs it.
+  write(code + 20, value.z, range_.find(code) != nullptr && value.z == 0);
+}
+
+void FieldWriter::append_vertex(std::string& out, const BulgeVertex& vertex) const {
+  append_real(out, 10, vertex.x, format_);
+  append_real(out, 20, vertex.y, format_);
+  if (vertex.start_width != 0 || vertex.end_width != 0) {
+    append_real(out, 40, vertex.start_width, format_);
+    append_real(out, 41, vertex.end_width, format_);
+  }
+  if (vertex.bulge != 0) append_real(out, 42, vertex.bulge, format_);
+}
+
+void FieldWriter::vertices(const std::vector<BulgeVertex>& list) {
+  std::vector<BulgeVertex> present;
+  FieldReader reader(record_);
+  reader.subclass("AcDbPolyline");
+  reader.vertices(present);
+  const auto& tags = record_.tags();
+  std::size_t first = range_.first();
+  while (first < range_.last() && tags[first].code != 10) ++first;
+  std::size_t last = first;
+  const auto of_vertex = [](int code) {
+    return code == 10 || code == 20 || (code >= 40 && code <= 42) || code == 91;
+  };
+  while (last < range_.last() && of_vertex(tags[last].code)) ++last;
+  if (last > first) pass(tags[last - 1]);
+  if (present == list) return;
+
+  // Where only coordinates changed, only these are written; else the run of vertices is written
+  // anew.
+  bool only_coordinates = present.size() == list.size();
+  for (std::size_t i = 0; only_coordinates && i < list.size(); ++i) {
+    BulgeVertex moved = present[i];
+    moved.x = list[i].x;
+    moved.y = list[i].y;
+    only_coordinates = moved == list[i];
+  }
+  if (only_coordinates) {
+    std::size_t vertex = 0;
+    for (std::size_t i = first; i < last; ++i) {
+      if (tags[i].code == 10) write_real(tags[i], list[vertex++].x);
+      if (tags[i].code == 20 && vertex > 0) write_real(tags[i], list[vertex - 1].y);
+    }
+    return;
+  }
+  std::string bytes;
+  for (const BulgeVertex& vertex : list) append_vertex(bytes, vertex);
+  if (first == last) return insert(std::move(bytes));
+  edits_.push_back({tags[first].begin, tags[last - 1].next - tags[first].begin, std::move(bytes)});
+}
+
+std::string FieldWriter::result() const {
+  std::vector<const Edit*> ordered;
+  for (const Edit& edit : edits_) ordered.push_back(&edit);
+  std::stable_sort(ordered.begin(), ordered.end(),
+                   [](const Edit* a, const Edit* b) { return a->at < b->at; });
+  const std::string_view bytes = record_.bytes();
+  std::string result;
+  std::size_t copied = 0;
+  for (const Edit* edit : ordered) {
+    result.append(bytes, copied, edit->at - copied).append(edit->bytes);
+    copied = edit->at + edit->length;
+  }
+  return result.append(bytes, copied);
+}
+
+}  // namespace velmar::drawing::dxf

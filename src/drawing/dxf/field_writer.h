@@ -1,0 +1,77 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "drawing/dxf/record_tags.h"
+#include "drawing/entities/field.h"
+#include "drawing/geometry/bulge.h"
+
+namespace velmar::drawing::dxf {
+
+/// The visitor that brings a record to the values of an entity. A tag whose value reads as the
+/// field already is left as it stands, byte for byte; another one gets a new value; a field that
+/// the record does not have is put in, unless it has its default value. Tags that no field names
+/// stay.
+class FieldWriter {
+ public:
+  /// With `complete`, subclass markers that are missing are put in: for new records.
+  explicit FieldWriter(const RecordTags& record, bool complete = false);
+
+  void subclass(std::string_view name);
+  void any_subclass();
+
+  template <class T>
+  void operator()(std::string_view /*name*/, int code, const T& field) {
+    write(code, field, false);
+  }
+  template <class T, class Default>
+  void operator()(std::string_view /*name*/, int code, const T& field,
+                  const unless<Default>& omitted) {
+    write(code, field, value_of(field) == omitted.value);
+  }
+  template <class List>
+  void count(int code, const List& list) {
+    write(code, static_cast<std::int32_t>(list.size()), false);
+  }
+  void vertices(const std::vector<BulgeVertex>& list);
+
+  bool changed() const { return !edits_.empty(); }
+  /// The bytes of the record with all edits.
+  std::string result() const;
+
+ private:
+  struct Edit {
+    std::uint32_t at = 0, length = 0;  // what is replaced
+    std::string bytes;
+  };
+
+  static const Point& value_of(const Ocs& field) { return field.point; }
+  static double value_of(const Degrees& field) { return field.radians; }
+  template <class T>
+  static const T& value_of(const T& field) {
+    return field;
+  }
+
+  void write(int code, double value, bool omit);
+  void write(int code, std::int32_t value, bool omit);
+  void write(int code, const std::string& value, bool omit);
+  void write(int code, const Point& value, bool omit);
+  void write(int code, const Ocs& value, bool omit) { write(code, value.point, omit); }
+  void write(int code, const Degrees& value, bool omit);
+  void write_real(const Tag& tag, double value);
+  void replace(const Tag& tag, std::string bytes);
+  void insert(std::string bytes);
+  void pass(const Tag& tag) { insert_at_ = std::max(insert_at_, tag.next); }
+  void enter(bool found);
+  void append_vertex(std::string& out, const BulgeVertex& vertex) const;
+
+  const RecordTags& record_;
+  const Format& format_;
+  TagRange range_;
+  bool complete_;
+  std::uint32_t insert_at_;
+  std::vector<Edit> edits_;
+};
+
+}  // namespace velmar::drawing::dxf

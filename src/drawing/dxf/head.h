@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace velmar::drawing::dxf {
+
+/// What every walk needs, from the first tags of a record. Views point into the source.
+struct Head {
+  std::string_view kind;
+  std::string_view handle, owner, layer;  // raw
+  std::int32_t color = 256;
+  bool in_paper_space = false;
+};
+
+/// Collects a head tag by tag, until complete(): what stands behind a second subclass marker, or in
+/// extended data, belongs to the body.
+class HeadCollector {
+ public:
+  explicit HeadCollector(std::string_view kind) : handle_code_(kind == "DIMSTYLE" ? 105 : 5) {
+    head_.kind = kind;
+  }
+
+  bool complete() const { return complete_; }
+  const Head& head() const { return head_; }
+
+  /// `number` reads the value as an integer, when asked.
+  template <class Number>
+  void take(int code, std::string_view text, Number number) {
+    if (code == 102) {
+      in_group_ = !text.empty() && text.front() == '{';
+    } else if (code == 100) {
+      complete_ = text != "AcDbEntity";
+    } else if (code >= 1000) {
+      complete_ = true;
+    } else if (!in_group_) {
+      if (code == handle_code_ && head_.handle.empty()) head_.handle = text;
+      if (code == 330 && head_.owner.empty()) head_.owner = text;
+      if (code == 8 && head_.layer.empty()) head_.layer = text;
+      if (code == 62) head_.color = number();
+      if (code == 67) head_.in_paper_space = number() == 1;
+    }
+  }
+
+ private:
+  Head head_;
+  int handle_code_;
+  bool in_group_ = false;
+  bool complete_ = false;
+};
+
+}  // namespace velmar::drawing::dxf

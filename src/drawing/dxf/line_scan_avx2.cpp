@@ -1,0 +1,50 @@
+#include <cstddef>
+
+#include "drawing/dxf/line_scan.h"
+#include "drawing/dxf/line_scan_blocks.h"
+
+#if defined(__AVX2__)
+#include <immintrin.h>
+#endif
+
+namespace velmar::drawing::dxf {
+
+#if defined(__AVX2__)
+namespace {
+
+struct Avx2Masks {
+  static std::uint64_t bits(__m256i low, __m256i high) {
+    return static_cast<std::uint32_t>(_mm256_movemask_epi8(low)) |
+           static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm256_movemask_epi8(high))) << 32;
+  }
+  static __m256i digits(__m256i bytes) {
+    const __m256i above_zero = _mm256_sub_epi8(bytes, _mm256_set1_epi8('0'));
+    return _mm256_cmpeq_epi8(_mm256_min_epu8(above_zero, _mm256_set1_epi8(9)), above_zero);
+  }
+  static ByteMasks of(const char* block) {
+    const __m256i low = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(block));
+    const __m256i high = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(block) + 1);
+    const auto equal = [&](char c) {
+      const __m256i wanted = _mm256_set1_epi8(c);
+      return bits(_mm256_cmpeq_epi8(low, wanted), _mm256_cmpeq_epi8(high, wanted));
+    };
+    ByteMasks masks{equal('\n'), equal('\r'), equal(' '), equal('0'),
+                    bits(digits(low), digits(high))};
+    masks.usual |= masks.line_feed | masks.carriage_return | masks.blank;
+    return masks;
+  }
+};
+
+}  // namespace
+
+ScanStop find_record_avx2(const char* at, const char* end) {
+  return find_record_in_blocks<Avx2Masks>(at, end);
+}
+
+#else
+
+ScanStop find_record_avx2(const char* at, const char* end) { return find_record_portable(at, end); }
+
+#endif
+
+}  // namespace velmar::drawing::dxf

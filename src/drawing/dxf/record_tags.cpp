@@ -1,0 +1,61 @@
+#include "drawing/dxf/record_tags.h"
+
+namespace velmar::drawing::dxf {
+
+RecordTags::RecordTags(std::string_view bytes, const Format& format)
+    : bytes_(bytes), format_(format) {
+  TagCursor cursor(bytes, format);
+  Tag tag;
+  bool in_group = false;
+  bool in_xdata = false;
+  while (cursor.next(tag)) {
+    if (tag.code == 102) in_group = tag.text(bytes).starts_with('{');
+    tag.in_group = in_group;
+    if (tag.code == 100) has_markers_ = true;
+    if (!in_xdata && tag.code >= 1000) {
+      in_xdata = true;
+      xdata_ = tags_.size();
+    }
+    tags_.push_back(tag);
+  }
+  if (!in_xdata) xdata_ = tags_.size();
+  damaged_ = cursor.damaged();
+}
+
+std::uint32_t RecordTags::xdata_offset() const {
+  if (xdata_ < tags_.size()) return tags_[xdata_].begin;
+  return tags_.empty() ? 0 : tags_.back().next;
+}
+
+template <class Wanted>
+bool TagRange::advance(Wanted wanted) {
+  const auto& tags = record_.tags();
+  for (std::size_t i = first_; i < record_.xdata(); ++i) {
+    if (tags[i].code != 100 || !wanted(record_.text(tags[i]))) continue;
+    first_ = last_ = i + 1;
+    while (last_ < record_.xdata() && tags[last_].code != 100) ++last_;
+    return true;
+  }
+  last_ = record_.xdata();
+  return false;
+}
+
+bool TagRange::subclass(std::string_view name) {
+  if (!record_.has_markers()) return false;
+  return advance([&](std::string_view marker) { return marker == name; });
+}
+
+bool TagRange::any_subclass() {
+  if (!record_.has_markers()) return false;
+  return advance([](std::string_view marker) { return marker != "AcDbEntity"; });
+}
+
+const Tag* TagRange::find(int code) const {
+  const auto& tags = record_.tags();
+  for (std::size_t i = first_; i < last_; ++i) {
+    if (tags[i].code == code && !tags[i].in_group) return &tags[i];
+  }
+  return nullptr;
+}
+
+}  // namespace velmar::drawing::dxf

@@ -1,0 +1,159 @@
+#include "drawing/dxf/text_reader.h"
+
+#include <cstring>
+
+#include "drawing/dxf/line_scan.h"
+#include "drawing/dxf/tag.h"
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+
+#include <bit>
+#endif
+
+namespace velmar::drawing::dxf {
+namespace {
+
+/// The first `wanted` in [from, end), or `end`. Lines of DXF are short: the first 16 bytes mostly
+/// have it.
+const char* find_byte(const char* from, const char* end, char wanted) {
+#if defined(__SSE2__)
+  if (end - from >= 16) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+    const int found = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)));
+    if (found != 0) return from + std::countr_zero(static_cast<unsigned>(found));
+    from += 16;
+  }
+#endif
+  const void* found = std::memchr(from, wanted, static_cast<std::size_t>(end - from));
+  return found ? static_cast<const char*>(found) : end;
+}
+
+bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+std::string_view trimmed(const char* from, const char* end) {
+  while (from != end && is_blank(*from)) ++from;
+  while (from != end && is_blank(end[-1])) --end;
+  return {from, static_cast<std::size_t>(end - from)};
+}
+
+/// A record's name has letters; a group code never has. So this tells a group 0 from a value 0
+/// where the pairs of lines have got out of step.
+bool plausible_name(std::string_view name) {
+  bool letters = false;
+  for (const char c : name) {
+    const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    if (!letter && !(c >= '0' && c <= '9') && c != '_' && c != '-' && c != '.' && c != '$')
+      return false;
+    letters = letters || letter;
+  }
+  return letters;
+}
+
+constexpr const char* kept = "; the rest of this record is kept as it is";
+
+/// Text of a file for a message, without control characters.
+std::string shown(std::string_view text) {
+  constexpr std::size_t most = 40;
+  std::string out = "\"";
+  for (const char c : text.substr(0, most)) out += c >= 0 && c < ' ' ? '.' : c;
+  return out + '"';
+}
+
+/// The whole number at the front of a value; 0 for none.
+std::int32_t leading_number(std::string_view text) {
+  std::int32_t value = 0;
+  const bool negative = text.starts_with('-');
+  for (const char c : text.substr(negative ? 1 : 0)) {
+    if (c < '0' || c > '9' || value > 99'999'999) break;
+    value = value * 10 + (c - '0');
+  }
+  return negative ? -value : value;
+}
+
+}  // namespace
+
+TextReader::Line TextReader::line(std::size_t from) const {
+  const char* const end = bytes_.data() + bytes_.size();
+  const char* const start = bytes_.data() + from;
+  const char* const stop = find_byte(start, end, line_end_);
+  return {trimmed(start, stop), static_cast<std::size_t>(stop - bytes_.data()) + (stop != end),
+          stop != end};
+}
+
+bool TextReader::record_begins(std::size_t at) const {
+  const Line code = line(at);
+  return code.whole && code.text == "0" && plausible_name(line(code.next).text);
+}
+
+bool TextReader::first() {
+  at_ = careful(at_);
+  return at_ < bytes_.size() && !damage_;
+}
+
+bool TextReader::head(HeadCollector& collector) {
+  begin_ = at_;
+  if (at_ >= bytes_.size()) return false;
+  const Line code = line(at_);
+  const Line name = line(code.next);
+  at_ = name.next;
+  collector = HeadCollector(name.text);
+  while (!collector.complete()) {
+    const Line code_line = line(at_);
+    const auto number = group_code(code_line.text);
+    if (!number || *number == 0 || !code_line.whole) break;
+    const Line value = line(code_line.next);
+    collector.take(*number, value.text, [&] { return leading_number(value.text); });
+    at_ = value.next;
+  }
+  return true;
+}
+
+std::size_t TextReader::end_of_record() {
+  damage_.reset();
+  const char* const end = bytes_.data() + bytes_.size();
+  if (line_end_ == '\n') {
+    const ScanStop stop = find_record(bytes_.data() + at_, end);
+    at_ = static_cast<std::size_t>(stop.at - bytes_.data());
+    if (!stop.unusual) {
+      const Line name = line(line(at_).next);
+      if (plausible_name(name.text)) return at_;
+    }
+  }
+  return at_ = careful(at_);
+}
+
+std::size_t TextReader::careful(std::size_t from) {
+  while (from < bytes_.size()) {
+    const Line code = line(from);
+    const auto number = group_code(code.text);
+    if (!number) {
+      if (code.text.find_first_not_of(" \t\r\n\x1a") == std::string_view::npos && !code.whole) {
+        return bytes_.size();  // blanks at the very end
+      }
+      damage_ = Damage{from, "expected a group code, found " + shown(code.text) + kept};
+      return resynchronise(from);
+    }
+    if (!code.whole) {
+      damage_ = Damage{from, "the file breaks off within this record"};
+      return bytes_.size();
+    }
+    const Line value = line(code.next);
+    if (*number == 0) {
+      if (plausible_name(value.text)) return from;
+      damage_ =
+          Damage{code.next, "expected the name of a record, found " + shown(value.text) + kept};
+      return resynchronise(code.next);
+    }
+    if (!value.whole) damage_ = Damage{from, "the file breaks off within this record"};
+    from = value.next;
+  }
+  return bytes_.size();
+}
+
+std::size_t TextReader::resynchronise(std::size_t from) {
+  while (from < bytes_.size() && !record_begins(from)) from = line(from).next;
+  return from;
+}
+
+}  // namespace velmar::drawing::dxf

@@ -1,0 +1,357 @@
+#include <algorithm>
+
+#include "drawing/drawing.h"
+#include "drawing/dxf/field_reader.h"
+#include "drawing/dxf/field_writer.h"
+#include "drawing/dxf/record_edit.h"
+#include "drawing/store.h"
+
+namespace velmar::drawing {
+namespace {
+
+Body empty_body(Kind kind) {
+  switch (kind) {
+    case Kind::line:
+      return Line{};
+    case Kind::arc:
+      return Arc{};
+    case Kind::circle:
+      return Circle{};
+    case Kind::ellipse:
+      return Ellipse{};
+    case Kind::lwpolyline:
+      return LwPolyline{};
+    case Kind::polyline:
+      return Polyline{};
+    case Kind::text:
+      return Text{};
+    case Kind::attrib:
+      return Attrib{};
+    case Kind::insert:
+      return Insert{};
+    case Kind::point:
+      return PointMark{};
+    default:
+      return Opaque{};
+  }
+}
+
+void refuse_problem(const Store& store, RecordId id, const std::optional<dxf::Problem>& problem) {
+  if (problem) throw Error(store.where(id, problem->offset) + ": " + problem->text);
+}
+
+template <class... Lists>
+void read_record(const Store& store, RecordId id, Lists&... lists) {
+  const dxf::RecordTags record(store.bytes(id), store.format);
+  dxf::FieldReader reader(record);
+  (fields(reader, lists), ...);
+  refuse_problem(store, id, reader.problem());
+}
+
+/// Brings a record to the values of the lists; false if they are the same.
+template <class... Lists>
+bool write_record(Store& store, RecordId id, const Lists&... lists) {
+  const std::string_view before = store.bytes(id);
+  const dxf::RecordTags record(before, store.format);
+  dxf::FieldWriter writer(record, store.at(id).is(Record::added));
+  (fields(writer, const_cast<Lists&>(lists)), ...);
+  if (!writer.changed()) return false;
+  std::string bytes = writer.result();
+  if (store.at(id).is(Record::handle_is_ours) && store.format.has_subclasses()) {
+    bytes = dxf::with_handle(bytes, store.at(id).handle, store.format);
+    store.at(id).flags &= static_cast<std::uint16_t>(~Record::handle_is_ours);
+    store.gave_handles = true;
+  }
+  store.patch(id, std::move(bytes));
+  return true;
+}
+
+void follow_common(Store& store, RecordId id, const Common& common) {
+  store.at(id).layer = store.layer_named(common.layer);
+  store.at(id).color = static_cast<std::int16_t>(common.color);
+}
+
+/// The owner that entities of a space name; nothing where the format has no owners.
+std::optional<Handle> owner_of(const Store& store, SpaceId space) {
+  const Handle owner = store.spaces[index(space)].owner;
+  if (!store.format.has_subclasses() || owner == 0) return std::nullopt;
+  return owner;
+}
+
+struct NewRecord {
+  std::string_view kind;
+  std::string_view marker;  // the subclass that the field list does not name
+};
+
+NewRecord new_record(const Body& body) {
+  struct Names {
+    NewRecord operator()(const Opaque&) const { return {}; }
+    NewRecord operator()(const Line&) const { return {"LINE", ""}; }
+    NewRecord operator()(const Arc&) const { return {"ARC", ""}; }
+    NewRecord operator()(const Circle&) const { return {"CIRCLE", ""}; }
+    NewRecord operator()(const Ellipse&) const { return {"ELLIPSE", ""}; }
+    NewRecord operator()(const LwPolyline&) const { return {"LWPOLYLINE", ""}; }
+    NewRecord operator()(const Polyline& polyline) const {
+      return {"POLYLINE", polyline.is_2d() ? "AcDb2dPolyline" : "AcDb3dPolyline"};
+    }
+    NewRecord operator()(const Text&) const { return {"TEXT", ""}; }
+    NewRecord operator()(const PointMark&) const { return {"POINT", ""}; }
+    NewRecord operator()(const Attrib&) const { return {"ATTRIB", ""}; }
+    NewRecord operator()(const Insert& insert) const {
+      return {"INSERT", insert.is_array() ? "AcDbMInsertBlock" : "AcDbBlockReference"};
+    }
+  };
+  return std::visit(Names{}, body);
+}
+
+/// Where a new record goes, and what it says of that.
+struct Place {
+  RecordId before;
+  SpaceId space;
+  std::optional<Handle> owner;
+  bool in_paper_space;
+};
+
+/// The head of a new record, for the field writer to complete.
+std::string new_bytes(const Store& store, const NewRecord& names, Handle handle, const Place& place,
+                      const std::string& layer) {
+  const dxf::Format& format = store.format;
+  std::string bytes;
+  dxf::append_text(bytes, 0, names.kind, format);
+  if (store.has_handles) dxf::append_text(bytes, 5, handle_text(handle), format);
+  if (place.owner) dxf::append_text(bytes, 330, handle_text(*place.owner), format);
+  if (format.has_subclasses()) dxf::append_text(bytes, 100, "AcDbEntity", format);
+  if (place.in_paper_space) dxf::append_integer(bytes, 67, 1, format);
+  dxf::append_text(bytes, 8, layer, format);
+  if (format.has_subclasses() && !names.marker.empty()) {
+    dxf::append_text(bytes, 100, names.marker, format);
+  }
+  return bytes;
+}
+
+/// Where a new entity of the space goes: it stands before this record.
+RecordId end_of(const Store& store, SpaceId id) {
+  const Space& space = store.spaces[index(id)];
+  const bool in_entities = id == SpaceId::model || same_name(space.name, "*Paper_Space") ||
+                           same_name(space.name, "$PAPER_SPACE");
+  const RecordId end = in_entities ? store.landmarks.end_of_entities : space.endblk;
+  if (end == RecordId::none) {
+    throw Error(store.name + ": nothing can be added to " + space.name +
+                ": the file has no place for its entities");
+  }
+  return end;
+}
+
+Record record_for(Kind kind, SpaceId space) {
+  Record record;
+  record.kind = kind;
+  record.space = space;
+  return record;
+}
+
+Kind kind_named(std::string_view name) {
+  for (std::uint16_t kind = 0; kind < static_cast<std::uint16_t>(Kind::others); ++kind) {
+    if (kind_name(static_cast<Kind>(kind)) == name) return static_cast<Kind>(kind);
+  }
+  return Kind::others;
+}
+
+template <class T>
+RecordId add_record(Store& store, const Place& place, const NewRecord& names, const Common& common,
+                    const T& fields_of, std::uint16_t flags = 0) {
+  Record record = record_for(kind_named(names.kind), place.space);
+  record.flags = flags;
+  const RecordId id = store.add(place.before, record, {});
+  const Handle handle = store.give_handle(id);
+  store.added_since_save.insert(static_cast<std::uint32_t>(id));
+  store.patches[static_cast<std::uint32_t>(id)] =
+      new_bytes(store, names, handle, place, common.layer);
+  write_record(store, id, common, fields_of);
+  follow_common(store, id, common);
+  return id;
+}
+
+void add_vertex(Store& store, const Place& place, const Common& common,
+                const PolylineVertex& vertex, bool is_2d) {
+  Common of_part;
+  of_part.layer = common.layer;
+  const NewRecord names{"VERTEX", ""};
+  const RecordId id = add_record(store, place, names, of_part, PolylineVertex{}, Record::part);
+  // The two markers of a vertex stand one behind the other, before its fields.
+  std::string bytes = new_bytes(store, names, store.at(id).handle, place, common.layer);
+  if (store.format.has_subclasses()) {
+    dxf::append_text(bytes, 100, "AcDbVertex", store.format);
+    dxf::append_text(bytes, 100, is_2d ? "AcDb2dVertex" : "AcDb3dPolylineVertex", store.format);
+  }
+  store.patches[static_cast<std::uint32_t>(id)] = std::move(bytes);
+  write_record(store, id, of_part, vertex);
+  store.added_since_save.erase(static_cast<std::uint32_t>(id));
+}
+
+void add_seqend(Store& store, const Place& place, const Common& common) {
+  Common of_part;
+  of_part.layer = common.layer;
+  const RecordId id = add_record(store, place, {"SEQEND", ""}, of_part, Opaque{}, Record::part);
+  store.added_since_save.erase(static_cast<std::uint32_t>(id));
+}
+
+void mark_erased(Store& store, RecordId id) {
+  store.at(id).flags |= Record::erased;
+  if (!store.at(id).is(Record::added)) store.touched.insert(static_cast<std::uint32_t>(id));
+}
+
+/// Writes the vertices of a polyline into its VERTEX records; adds or erases some at the end where
+/// the number differs.
+void write_vertices(Store& store, RecordId id, const std::vector<RecordId>& parts,
+                    const Entity& entity) {
+  const auto& polyline = std::get<Polyline>(entity.body);
+  for (std::size_t i = 0; i < std::min(parts.size(), polyline.vertices.size()); ++i) {
+    write_record(store, parts[i], polyline.vertices[i]);
+  }
+  for (std::size_t i = polyline.vertices.size(); i < parts.size(); ++i) {
+    store.patch(parts[i], std::string(store.bytes(parts[i])));
+    mark_erased(store, parts[i]);
+  }
+  RecordId behind = store.next(parts.empty() ? id : parts.back());
+  const Record& whole = store.at(id);
+  const bool owned_by_polyline = store.format.has_subclasses();
+  const Place place{behind, whole.space,
+                    owned_by_polyline ? std::optional(whole.handle) : std::nullopt, false};
+  for (std::size_t i = parts.size(); i < polyline.vertices.size(); ++i) {
+    add_vertex(store, place, entity.common, polyline.vertices[i], polyline.is_2d());
+  }
+}
+
+/// In R12 there are no lightweight polylines.
+Polyline heavy(const LwPolyline& light) {
+  Polyline polyline;
+  polyline.flags = light.flags;
+  polyline.elevation_point.z = light.elevation;
+  polyline.thickness = light.thickness;
+  polyline.normal = light.normal;
+  for (const BulgeVertex& vertex : light.vertices) {
+    PolylineVertex& made = polyline.vertices.emplace_back();
+    made.position = {vertex.x, vertex.y, light.elevation};
+    made.start_width = light.constant_width != 0 ? light.constant_width : vertex.start_width;
+    made.end_width = light.constant_width != 0 ? light.constant_width : vertex.end_width;
+    made.bulge = vertex.bulge;
+  }
+  return polyline;
+}
+
+}  // namespace
+
+Entity Drawing::read(RecordId id) const {
+  Entity entity;
+  entity.body = empty_body(store_->at(id).kind);
+  std::visit([&](auto& body) { read_record(*store_, id, entity.common, body); }, entity.body);
+  entity.common.layer = layer(store_->at(id).layer).name;
+  if (auto* polyline = std::get_if<Polyline>(&entity.body)) {
+    for (const RecordId part : parts(id)) {
+      read_record(*store_, part, polyline->vertices.emplace_back());
+    }
+  }
+  return entity;
+}
+
+Common Drawing::read_common(RecordId id) const {
+  Common common;
+  read_record(*store_, id, common);
+  common.layer = layer(store_->at(id).layer).name;
+  return common;
+}
+
+void Drawing::write(RecordId id, const Entity& entity) {
+  if (entity.body.index() != empty_body(store_->at(id).kind).index()) {
+    throw Error(store_->where(id, 0) + ": cannot become an entity of another kind");
+  }
+  Entity named = entity;
+  // A layer that the file spells in other letter case stays as it is spelled there.
+  Common in_file;
+  read_record(*store_, id, in_file);
+  if (same_name(in_file.layer, named.common.layer)) named.common.layer = in_file.layer;
+  std::visit([&](const auto& body) { write_record(*store_, id, named.common, body); }, named.body);
+  follow_common(*store_, id, entity.common);
+  if (std::holds_alternative<Polyline>(entity.body)) write_vertices(*store_, id, parts(id), entity);
+}
+
+RecordId Drawing::add(SpaceId space, const Entity& entity) {
+  if (!store_->format.has_subclasses()) {
+    if (const auto* light = std::get_if<LwPolyline>(&entity.body)) {
+      return add(space, {entity.common, heavy(*light)});
+    }
+    if (std::holds_alternative<Ellipse>(entity.body)) {
+      throw Error(store_->name + ": an R12 drawing cannot hold an ELLIPSE");
+    }
+  }
+  const NewRecord names = new_record(entity.body);
+  if (names.kind.empty() || names.kind == "ATTRIB") {
+    throw Error(store_->name + ": an entity of this kind cannot be added");
+  }
+  const bool in_paper = space != SpaceId::model && store_->spaces.at(index(space)).is_layout;
+  Place place{end_of(*store_, space), space, owner_of(*store_, space), in_paper};
+  const RecordId id = std::visit(
+      [&](const auto& body) { return add_record(*store_, place, names, entity.common, body); },
+      entity.body);
+  if (const auto* polyline = std::get_if<Polyline>(&entity.body)) {
+    if (!store_->format.has_subclasses()) {
+      auto& bytes = store_->patches[static_cast<std::uint32_t>(id)];
+      dxf::append_integer(bytes, 66, 1, store_->format);  // vertices follow
+    } else {
+      place.owner = store_->at(id).handle;
+    }
+    for (const PolylineVertex& vertex : polyline->vertices) {
+      add_vertex(*store_, place, entity.common, vertex, polyline->is_2d());
+    }
+    add_seqend(*store_, place, entity.common);
+  }
+  store_->spaces[index(space)].entities.push_back(id);
+  return id;
+}
+
+void Drawing::erase(RecordId id) {
+  const auto number = static_cast<std::uint32_t>(id);
+  if (store_->at(id).is(Record::erased)) return;
+  ++store_->edition;
+  for (RecordId part = store_->next(id);
+       !store_->at(id).is(Record::part) && index(part) < store_->records.size() &&
+       store_->at(part).is(Record::part);
+       part = store_->next(part)) {
+    mark_erased(*store_, part);
+    store_->modified_since_save.erase(static_cast<std::uint32_t>(part));
+  }
+  mark_erased(*store_, id);
+  store_->modified_since_save.erase(number);
+  if (store_->added_since_save.erase(number) == 0) store_->erased_since_save.insert(number);
+}
+
+RecordId Drawing::copy(RecordId id) {
+  const SpaceId space = store_->at(id).space;
+  const RecordId before = end_of(*store_, space);
+  std::vector<RecordId> originals{id};
+  for (RecordId part = store_->next(id);
+       index(part) < store_->records.size() && store_->at(part).is(Record::part);
+       part = store_->next(part)) {
+    if (!store_->at(part).is(Record::erased)) originals.push_back(part);
+  }
+  RecordId made = RecordId::none;
+  std::optional<Handle> owner = owner_of(*store_, space);
+  for (const RecordId original : originals) {
+    Record record = store_->at(original);
+    record.flags = record.flags & Record::part;
+    const std::string source(store_->bytes(original));
+    const RecordId id_of_copy = store_->add(before, record, {});
+    const Handle handle = store_->give_handle(id_of_copy);
+    store_->patches[static_cast<std::uint32_t>(id_of_copy)] =
+        dxf::copied(source, store_->has_handles ? handle : 0, owner, store_->format);
+    if (original == id) {
+      made = id_of_copy;
+      if (owner) owner = handle;  // parts name the entity as their owner
+    }
+  }
+  store_->added_since_save.insert(static_cast<std::uint32_t>(made));
+  store_->spaces[index(space)].entities.push_back(made);
+  return made;
+}
+
+}  // namespace velmar::drawing

@@ -1,0 +1,124 @@
+#include "drawing/entities/ellipse.h"
+
+#include <cmath>
+
+#include "drawing/geometry/conic.h"
+#include "drawing/geometry/ocs.h"
+#include "drawing/geometry/plane_map.h"
+
+namespace velmar::drawing {
+
+namespace {
+
+/// Files give parameters with few digits: a gap below this is none.
+constexpr double parameter_tolerance = 1e-8;
+
+double sweep(const Ellipse& ellipse) {
+  const double way = sweep_between(ellipse.start_parameter, ellipse.end_parameter);
+  return way < parameter_tolerance || way > full_turn - parameter_tolerance ? full_turn : way;
+}
+
+Conic conic(const Ellipse& ellipse) {
+  return {ellipse.center, ellipse.major_axis, minor_axis(ellipse), ellipse.start_parameter,
+          sweep(ellipse)};
+}
+
+/// The angle in the same turn of the circle as `near`.
+double beside(double near, double angle) {
+  return angle + full_turn * std::round((near - angle) / full_turn);
+}
+
+/// Gauss-Legendre with eight points.
+template <class Function>
+double quadrature(const Function& f, double from, double to) {
+  constexpr double nodes[] = {0.1834346424956498, 0.5255324099163290, 0.7966664774136267,
+                              0.9602898564975363};
+  constexpr double weights[] = {0.3626837833783620, 0.3137066458778873, 0.2223810344533745,
+                                0.1012285362903763};
+  const double middle = (from + to) / 2, half = (to - from) / 2;
+  double sum = 0;
+  for (int i = 0; i < 4; ++i)
+    sum += weights[i] * (f(middle - half * nodes[i]) + f(middle + half * nodes[i]));
+  return sum * half;
+}
+
+/// Halves the way until halving changes nothing; `depth` bounds the work for values that are no
+/// numbers.
+template <class Function>
+double integral(const Function& f, double from, double to, int depth = 40) {
+  const double middle = (from + to) / 2;
+  const double whole = quadrature(f, from, to);
+  const double halves = quadrature(f, from, middle) + quadrature(f, middle, to);
+  if (depth == 0 || !(std::abs(halves - whole) > 1e-14 * std::abs(halves))) return halves;
+  return integral(f, from, middle, depth - 1) + integral(f, middle, to, depth - 1);
+}
+
+/// Two conjugate half diameters as half axes: both turned by the parameter that makes them square
+/// to each other, the longer one first. Returns that parameter.
+double make_square(Point& cosine, Point& sine) {
+  const double mixed = dot(cosine, sine), a = dot(cosine, cosine), b = dot(sine, sine);
+  const bool square = std::abs(mixed) <= 1e-13 * std::sqrt(a * b);
+  if (square && b <= a * (1 + 1e-13)) return 0;
+  const double t = square ? std::numbers::pi / 2 : std::atan2(2 * mixed, a - b) / 2;
+  const Point old = cosine;
+  cosine = old * std::cos(t) + sine * std::sin(t);
+  sine = sine * std::cos(t) - old * std::sin(t);
+  return t;
+}
+
+}  // namespace
+
+Point minor_axis(const Ellipse& ellipse) {
+  return cross(unit_normal(ellipse.normal), ellipse.major_axis) * ellipse.ratio;
+}
+
+Point point_at(const Ellipse& ellipse, double parameter) { return conic(ellipse)(parameter); }
+
+double angle_of_parameter(const Ellipse& ellipse, double parameter) {
+  return beside(parameter, std::atan2(ellipse.ratio * std::sin(parameter), std::cos(parameter)));
+}
+
+double parameter_of_angle(const Ellipse& ellipse, double angle) {
+  return beside(angle, std::atan2(std::sin(angle), ellipse.ratio * std::cos(angle)));
+}
+
+bool is_closed(const Ellipse& ellipse) { return sweep(ellipse) == full_turn; }
+
+double length(const Ellipse& ellipse) {
+  const double a = norm(ellipse.major_axis), b = a * ellipse.ratio;
+  const auto speed = [&](double t) { return std::hypot(a * std::sin(t), b * std::cos(t)); };
+  return integral(speed, ellipse.start_parameter, ellipse.start_parameter + sweep(ellipse));
+}
+
+double area(const Ellipse& ellipse) {
+  const double unit = segment_area(1, sweep(ellipse));
+  return unit * dot(ellipse.major_axis, ellipse.major_axis) * std::abs(ellipse.ratio);
+}
+
+Box extents(const Ellipse& ellipse) { return extents(conic(ellipse)); }
+
+// Exact for every affine map.
+void transform(Ellipse& ellipse, const Matrix& matrix) {
+  const bool closed = is_closed(ellipse);
+  const double way = sweep(ellipse);
+  Point cosine = matrix.direction(ellipse.major_axis);
+  Point sine = matrix.direction(minor_axis(ellipse));
+  const PlaneMap plane = plane_map(matrix, ellipse.normal);
+  ellipse.center = matrix(ellipse.center);
+  ellipse.normal = plane.normal;
+  double start = ellipse.start_parameter;
+  if (plane.mirrored) {
+    sine = -sine;
+    start = -start - way;
+  }
+  const double shift = plane.similar ? 0 : make_square(cosine, sine);
+  ellipse.major_axis = cosine;
+  if (!plane.similar) ellipse.ratio = norm(cosine) > 0 ? norm(sine) / norm(cosine) : 1;
+  if (closed || (!plane.mirrored && shift == 0)) return;
+  ellipse.start_parameter = wrapped(start - shift);
+  ellipse.end_parameter = ellipse.start_parameter + way;
+}
+
+std::vector<Point> outline(const Ellipse& ellipse) { return outline(conic(ellipse)); }
+
+}  // namespace velmar::drawing

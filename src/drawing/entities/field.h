@@ -1,0 +1,36 @@
+#pragma once
+
+#include "drawing/geometry/point.h"
+
+/// The words of an entity's field list. A list is a function template `fields(visitor, entity)`
+/// that names each field once: automation name, group code, where it is kept and the value that
+/// need not be written. A visitor is a small struct per use: the reader and the writer of records,
+/// the property get and put of the host.
+///
+/// A visitor has: operator()(name, code, value) and (name, code, value, unless) for value types
+/// double, int32, string, Point, Ocs and Degrees; subclass(name): the fields that follow stand in
+/// the next subclass of that name; any_subclass(): in the next one, whatever its name; count(code,
+/// list): how many there are; vertices(list): the repeated groups of a lightweight polyline.
+namespace velmar::drawing {
+
+/// A field that is left out of the file when it has this value.
+template <class T>
+struct unless {
+  T value;
+};
+template <class T>
+unless(T) -> unless<T>;
+
+/// A point kept in the object coordinate system of the entity's normal.
+struct Ocs {
+  Point& point;
+};
+inline Ocs ocs(Point& point) { return {point}; }
+
+/// An angle kept in radians that the file holds in degrees.
+struct Degrees {
+  double& radians;
+};
+inline Degrees degrees(double& radians) { return {radians}; }
+
+}  // namespace velmar::drawing

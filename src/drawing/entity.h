@@ -1,0 +1,34 @@
+#pragma once
+
+#include <variant>
+
+#include "drawing/entities/arc.h"
+#include "drawing/entities/attrib.h"
+#include "drawing/entities/circle.h"
+#include "drawing/entities/common.h"
+#include "drawing/entities/ellipse.h"
+#include "drawing/entities/insert.h"
+#include "drawing/entities/line.h"
+#include "drawing/entities/lwpolyline.h"
+#include "drawing/entities/point_mark.h"
+#include "drawing/entities/polyline.h"
+#include "drawing/entities/text.h"
+
+namespace velmar::drawing {
+
+/// The body of a kind that is kept whole without being understood.
+struct Opaque {};
+
+template <class Fields>
+void fields(Fields&, Opaque&) {}
+
+/// One alternative for each kind that has fields.
+using Body = std::variant<Opaque, Line, Arc, Circle, Ellipse, LwPolyline, Polyline, Text, Attrib,
+                          Insert, PointMark>;
+
+struct Entity {
+  Common common;
+  Body body;
+};
+
+}  // namespace velmar::drawing

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmar::drawing {
+
+/// Writes a file beside its target and puts it in the target's place when complete: whatever fails,
+/// the old file is whole. Fails with Error.
+class FileWriter {
+ public:
+  explicit FileWriter(const std::filesystem::path& target);
+  FileWriter(const FileWriter&) = delete;
+  FileWriter& operator=(const FileWriter&) = delete;
+  ~FileWriter();  // an unfinished file is removed
+
+  void write(const std::vector<std::string_view>& pieces);
+  /// Flushes to the disk if an older file is about to go, then renames.
+  void finish();
+
+ private:
+  [[noreturn]] void refuse(const char* doing) const;
+
+  std::filesystem::path
+      target_;  // a link is followed: the file it names is replaced, the link stays
+  std::filesystem::path temporary_;  // empty when finished
+  int file_ = -1;
+  bool replaces_ = false;
+};
+
+}  // namespace velmar::drawing

@@ -1,0 +1,90 @@
+#include "drawing/drawing.h"
+#include "drawing/dxf/field_writer.h"
+#include "drawing/dxf/record_edit.h"
+#include "drawing/store.h"
+
+namespace velmar::drawing {
+namespace {
+
+std::string written(const Store& store, std::string_view bytes, const LayerRow& row) {
+  const dxf::RecordTags record(bytes, store.format);
+  dxf::FieldWriter writer(record);
+  fields(writer, const_cast<LayerRow&>(row));
+  return writer.result();
+}
+
+/// A new row as the table's first one has it, so that what it names besides (plot style, material)
+/// is there too.
+std::string row_bytes(const Store& store, Handle handle) {
+  for (const Layer& layer : store.layers) {
+    if (layer.record == RecordId::none) continue;
+    return dxf::copied(store.bytes(layer.record), store.has_handles ? handle : 0, std::nullopt,
+                       store.format);
+  }
+  std::string bytes;
+  dxf::append_text(bytes, 0, "LAYER", store.format);
+  if (store.has_handles) dxf::append_text(bytes, 5, handle_text(handle), store.format);
+  if (store.format.has_subclasses()) {
+    const Handle table = store.at(store.landmarks.layer_table).handle;
+    if (table != 0) dxf::append_text(bytes, 330, handle_text(table), store.format);
+    dxf::append_text(bytes, 100, "AcDbSymbolTableRecord", store.format);
+    dxf::append_text(bytes, 100, "AcDbLayerTableRecord", store.format);
+  }
+  return bytes;
+}
+
+/// Entities name their layer by its text, so each of them is written.
+void rename_in_entities(Store& store, LayerId layer, const std::string& name) {
+  for (std::uint32_t i = 0; i < store.records.size(); ++i) {
+    const Record& record = store.records[i];
+    if (record.layer != layer || record.is(Record::erased)) continue;
+    const auto id = static_cast<RecordId>(i);
+    const dxf::RecordTags tags(store.bytes(id), store.format);
+    dxf::FieldWriter writer(tags);
+    writer.subclass("AcDbEntity");
+    writer("Layer", 8, name);
+    if (writer.changed()) store.patch(id, writer.result());
+  }
+}
+
+}  // namespace
+
+LayerId Drawing::add_layer(const LayerRow& row) {
+  if (const auto present = find_layer(row.name)) return *present;
+  Layer layer;
+  static_cast<LayerRow&>(layer) = row;
+  // A file without a layer table has layers by their use alone.
+  if (store_->landmarks.end_of_layers != RecordId::none) {
+    Record record;
+    record.kind = Kind::layer;
+    const RecordId id = store_->add(store_->landmarks.end_of_layers, record, {});
+    const Handle handle = store_->give_handle(id);
+    store_->patches[static_cast<std::uint32_t>(id)] =
+        written(*store_, row_bytes(*store_, handle), row);
+    layer.record = id;
+  }
+  store_->layers.push_back(std::move(layer));
+  return static_cast<LayerId>(store_->layers.size() - 1);
+}
+
+void Drawing::write_layer(LayerId id, const LayerRow& row) {
+  Layer& layer = store_->layers.at(index(id));
+  if (layer.record == RecordId::none) {
+    throw Error(store_->name + ": layer \"" + layer.name +
+                "\" is in use without a row in the layer table; its properties cannot be kept");
+  }
+  std::string bytes = written(*store_, store_->bytes(layer.record), row);
+  if (bytes != store_->bytes(layer.record)) store_->patch(layer.record, std::move(bytes));
+  if (layer.name != row.name) {
+    const bool is_current = header("$CLAYER") == layer.name;
+    rename_in_entities(*store_, id, row.name);
+    if (is_current) {
+      const RecordId head = store_->landmarks.header;
+      store_->patch(head,
+                    dxf::with_variable(store_->bytes(head), "$CLAYER", row.name, store_->format));
+    }
+  }
+  static_cast<LayerRow&>(layer) = row;
+}
+
+}  // namespace velmar::drawing

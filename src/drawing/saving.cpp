@@ -1,0 +1,121 @@
+#include "drawing/drawing.h"
+#include "drawing/dxf/record_edit.h"
+#include "drawing/file_writer.h"
+#include "drawing/store.h"
+
+namespace velmar::drawing {
+namespace {
+
+/// The pieces of a drawing as it is saved: untouched spans of the source, and patches between them.
+class Pieces {
+ public:
+  explicit Pieces(const Store& store) : store_(store), header_(header_bytes(store)) {
+    const auto source_end = static_cast<std::uint32_t>(store.source_count);
+    auto touched = store.touched.begin();
+    auto added = store.added_before.begin();
+    bool header_pending = !header_.empty();
+    const auto header = static_cast<std::uint32_t>(store.landmarks.header);
+    while (true) {
+      std::uint32_t next = source_end + 1;
+      if (touched != store.touched.end()) next = std::min(next, *touched);
+      if (added != store.added_before.end()) next = std::min(next, added->first);
+      if (header_pending) next = std::min(next, header);
+      if (next > source_end) break;
+      if (added != store.added_before.end() && added->first == next)
+        add_records(next, (added++)->second);
+      const bool is_touched = touched != store.touched.end() && *touched == next;
+      if (is_touched) ++touched;
+      if (header_pending && header == next) {
+        header_pending = false;
+        replace(next, header_);
+      } else if (is_touched) {
+        const bool erased = store.records[next].is(Record::erased);
+        replace(next, erased ? std::string_view() : store.bytes(static_cast<RecordId>(next)));
+      }
+    }
+    take_source(store.source.bytes().size());
+  }
+  Pieces(const Pieces&) = delete;
+  Pieces& operator=(const Pieces&) = delete;
+
+  const std::vector<std::string_view>& list() const { return pieces_; }
+
+ private:
+  /// The header with its next handle; empty where it stays as it is.
+  static std::string header_bytes(const Store& store) {
+    if (!store.gave_handles || store.landmarks.header == RecordId::none) return {};
+    return dxf::with_variable(store.bytes(store.landmarks.header), "$HANDSEED",
+                              handle_text(store.next_handle), store.format);
+  }
+
+  std::size_t begin_of(std::uint32_t record) const {
+    return record < store_.source_count ? store_.records[record].begin : store_.records_end;
+  }
+  void take_source(std::size_t to) {
+    if (to > copied_) pieces_.push_back(store_.source.bytes().substr(copied_, to - copied_));
+    copied_ = std::max(copied_, to);
+  }
+  void add_records(std::uint32_t before, const std::vector<RecordId>& records) {
+    take_source(begin_of(before));
+    for (const RecordId id : records) {
+      if (!store_.at(id).is(Record::erased)) pieces_.push_back(store_.bytes(id));
+    }
+  }
+  void replace(std::uint32_t record, std::string_view bytes) {
+    take_source(begin_of(record));
+    if (!bytes.empty()) pieces_.push_back(bytes);
+    copied_ = begin_of(record) + store_.source_bytes(record).size();
+  }
+
+  const Store& store_;
+  std::string header_;
+  std::vector<std::string_view> pieces_;
+  std::size_t copied_ = 0;
+};
+
+std::vector<Handle> handles_of(const Store& store, const std::set<std::uint32_t>& records) {
+  std::vector<Handle> handles;
+  for (const std::uint32_t record : records) handles.push_back(store.records[record].handle);
+  return handles;
+}
+
+}  // namespace
+
+Changes Drawing::changes() const {
+  return {handles_of(*store_, store_->added_since_save),
+          handles_of(*store_, store_->modified_since_save),
+          handles_of(*store_, store_->erased_since_save)};
+}
+
+bool Drawing::is_changed() const { return store_->edition != store_->saved_edition; }
+
+void Drawing::save(const std::filesystem::path& path) {
+  std::error_code error;
+  const bool same_file =
+      !store_->path.empty() && std::filesystem::equivalent(path, store_->path, error);
+  if (same_file && stamp_of(path) != store_->stamp) {
+    throw Error(path.string() +
+                ": has changed since it was opened; nothing was saved. Open it again, or save "
+                "under another name");
+  }
+  const Pieces pieces(*store_);
+  FileWriter file(path);
+  file.write(pieces.list());
+  file.finish();
+  store_->path = path;
+  store_->name = path.string();
+  store_->stamp = stamp_of(path);
+  store_->saved_edition = store_->edition;
+  store_->added_since_save.clear();
+  store_->modified_since_save.clear();
+  store_->erased_since_save.clear();
+}
+
+std::string Drawing::bytes() const {
+  const Pieces pieces(*store_);
+  std::string bytes;
+  for (const std::string_view piece : pieces.list()) bytes += piece;
+  return bytes;
+}
+
+}  // namespace velmar::drawing

@@ -1,0 +1,156 @@
+#include "drawing/store.h"
+
+#include <algorithm>
+#include <cwctype>
+
+namespace velmar::drawing {
+namespace {
+
+char32_t folded(char32_t character) {
+  if (character < 0x80) {
+    return character >= 'A' && character <= 'Z' ? character - 'A' + 'a' : character;
+  }
+  return static_cast<char32_t>(std::towlower(static_cast<wint_t>(character)));
+}
+
+}  // namespace
+
+bool same_name(std::string_view a, std::string_view b) {
+  if (a == b) return true;
+  while (!a.empty() && !b.empty()) {
+    if (folded(take_character(a)) != folded(take_character(b))) return false;
+  }
+  return a.empty() && b.empty();
+}
+
+std::string_view Store::source_bytes(std::size_t record) const {
+  const std::size_t begin = records[record].begin;
+  const std::size_t end =
+      record + 1 < source_count ||
+              (source_count == 0 && record + 1 < records.size())  // while the source is being read
+          ? records[record + 1].begin
+          : records_end;
+  return source.bytes().substr(begin, end - begin);
+}
+
+std::string_view Store::bytes(RecordId id) const {
+  if ((at(id).flags & (Record::patched | Record::added)) != 0) {
+    return patches.at(static_cast<std::uint32_t>(id));
+  }
+  return source_bytes(index(id));
+}
+
+std::string_view Store::kind_name(Kind kind) const {
+  if (kind < Kind::others) return drawing::kind_name(kind);
+  const auto other = static_cast<std::size_t>(kind) - static_cast<std::size_t>(Kind::others);
+  return other < other_kinds.size() ? std::string_view(other_kinds[other]) : "?";
+}
+
+RecordId Store::next(RecordId id) const {
+  std::uint32_t following = static_cast<std::uint32_t>(id) + 1;
+  if (at(id).is(Record::added)) {
+    const std::uint32_t anchor = anchors.at(static_cast<std::uint32_t>(id));
+    const auto& line = added_before.at(anchor);
+    const auto place = std::find(line.begin(), line.end(), id) + 1;
+    return place == line.end() ? static_cast<RecordId>(anchor) : *place;
+  }
+  const auto added = added_before.find(following);
+  if (added != added_before.end() && !added->second.empty()) return added->second.front();
+  return static_cast<RecordId>(following);
+}
+
+RecordId Store::whole(RecordId part) const {
+  if (!at(part).is(Record::part)) return part;
+  if (at(part).is(Record::added)) {
+    const std::uint32_t anchor = anchors.at(static_cast<std::uint32_t>(part));
+    const auto& line = added_before.at(anchor);
+    for (auto place = std::find(line.begin(), line.end(), part); place != line.begin();) {
+      if (!at(*--place).is(Record::part)) return *place;
+    }
+    part = static_cast<RecordId>(anchor - 1);  // added to an entity of the source
+  }
+  std::size_t i = index(part);
+  while (i > 0 && records[i].is(Record::part)) --i;
+  return static_cast<RecordId>(i);
+}
+
+void Store::patch(RecordId id, std::string bytes) {
+  const auto number = static_cast<std::uint32_t>(id);
+  Record& record = at(id);
+  ++edition;
+  if (!record.is(Record::added)) {
+    record.flags |= Record::patched;
+    touched.insert(number);
+  }
+  patches[number] = std::move(bytes);
+  const bool is_entity = record.space != SpaceId::none;
+  const RecordId shown = record.kind == Kind::vertex ? whole(id) : id;
+  if (is_entity && !added_since_save.contains(static_cast<std::uint32_t>(shown))) {
+    modified_since_save.insert(static_cast<std::uint32_t>(shown));
+  }
+}
+
+RecordId Store::add(RecordId before, Record record, std::string bytes) {
+  const auto number = static_cast<std::uint32_t>(records.size());
+  const auto id = static_cast<RecordId>(number);
+  record.flags |= Record::added;
+  const bool beside_added = index(before) < records.size() && at(before).is(Record::added);
+  const std::uint32_t anchor = beside_added ? anchors.at(static_cast<std::uint32_t>(before))
+                                            : static_cast<std::uint32_t>(before);
+  records.push_back(record);
+  patches[number] = std::move(bytes);
+  anchors[number] = anchor;
+  auto& line = added_before[anchor];
+  line.insert(beside_added ? std::find(line.begin(), line.end(), before) : line.end(), id);
+  ++edition;
+  return id;
+}
+
+Handle Store::give_handle(RecordId id) {
+  gave_handles = gave_handles || has_handles;
+  at(id).handle = next_handle++;
+  by_handle.push_back(static_cast<std::uint32_t>(id));
+  return at(id).handle;
+}
+
+std::optional<LayerId> Store::find_layer(std::string_view wanted) const {
+  for (std::size_t i = 0; i < layers.size(); ++i) {
+    if (same_name(layers[i].name, wanted)) return static_cast<LayerId>(i);
+  }
+  return std::nullopt;
+}
+
+LayerId Store::layer_named(std::string_view wanted) {
+  if (const auto found = find_layer(wanted)) return *found;
+  Layer layer;
+  layer.name = wanted;
+  layers.push_back(std::move(layer));
+  return static_cast<LayerId>(layers.size() - 1);
+}
+
+std::optional<SpaceId> Store::find_space(std::string_view wanted) const {
+  for (std::size_t i = 0; i < spaces.size(); ++i) {
+    if (same_name(spaces[i].name, wanted)) return static_cast<SpaceId>(i);
+  }
+  return std::nullopt;
+}
+
+std::uint64_t Store::line_of(RecordId id, std::size_t offset) const {
+  const std::uint64_t byte = at(id).begin + offset;
+  if (format.binary) return byte;
+  const std::string_view before = source.bytes().substr(0, byte);
+  return 1 + static_cast<std::uint64_t>(std::count(before.begin(), before.end(), format.line_end));
+}
+
+std::string Store::where(RecordId id, std::size_t offset) const {
+  const Record& record = at(id);
+  std::string text = name;
+  if ((record.flags & (Record::patched | Record::added)) == 0) {
+    text += (format.binary ? ", byte " : ", line ") + std::to_string(line_of(id, offset));
+  }
+  text += " (" + std::string(kind_name(record.kind));
+  if (record.handle != 0) text += " #" + handle_text(record.handle);
+  return text + ")";
+}
+
+}  // namespace velmar::drawing

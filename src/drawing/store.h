@@ -1,0 +1,91 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <unordered_map>
+
+#include "drawing/drawing.h"
+#include "drawing/dxf/format.h"
+#include "drawing/source.h"
+
+namespace velmar::drawing {
+
+/// Positions in the source of the landmarks of a drawing.
+struct Landmarks {
+  RecordId header = RecordId::none;           // the SECTION record that holds the header variables
+  RecordId end_of_entities = RecordId::none;  // the ENDSEC behind which no entity stands
+  RecordId end_of_layers = RecordId::none;    // the ENDTAB of the layer table
+  RecordId layer_table = RecordId::none;
+};
+
+/// A row of a table other than the layer table.
+struct TableRow {
+  std::string table;  // "LTYPE"
+  std::string name;
+};
+
+/// What a drawing is made of. The records of the source tile it: each goes from its `begin` to the
+/// next one's.
+struct Store {
+  std::filesystem::path path;  // empty for one from memory
+  std::string name;            // for messages
+  Source source;
+  dxf::Format format;
+  std::size_t first_begin =
+      0;  // bytes before the first record: comments, the mark of a binary file
+  std::size_t records_end = 0;  // end of the last record; what follows is kept
+  std::vector<Record> records;  // of the source, then added ones
+  std::size_t source_count = 0;
+  std::vector<std::string> other_kinds;  // names of kinds from Kind::others on
+  Landmarks landmarks;
+  bool has_handles = false;
+  Handle next_handle = 1;
+
+  std::vector<Layer> layers;
+  std::vector<Space> spaces;
+  std::vector<Layout> layouts;
+  std::vector<TableRow> rows;
+  std::vector<Warning> warnings;
+
+  // Edits. An added record stands before a record of the source (or its end, number source_count).
+  std::unordered_map<std::uint32_t, std::string> patches;
+  std::map<std::uint32_t, std::vector<RecordId>> added_before;
+  std::unordered_map<std::uint32_t, std::uint32_t> anchors;  // of added records
+  std::set<std::uint32_t> touched;  // source records with a patch, or erased
+  std::set<std::uint32_t> added_since_save, modified_since_save, erased_since_save;
+  std::uint64_t edition = 0, saved_edition = 0;
+  std::optional<FileStamp> stamp;  // of the file at `path` as this drawing knows it
+  bool gave_handles = false;       // written ones: then $HANDSEED follows
+
+  std::vector<std::uint32_t> by_handle;  // records in the order of their handles
+
+  Record& at(RecordId id) { return records[index(id)]; }
+  const Record& at(RecordId id) const { return records[index(id)]; }
+  /// The bytes of a record as they would be saved.
+  std::string_view bytes(RecordId id) const;
+  /// The bytes of a record of the source as they were read.
+  std::string_view source_bytes(std::size_t record) const;
+  std::string_view kind_name(Kind kind) const;
+  /// The record behind this one in the order of saving; number source_count at the end.
+  RecordId next(RecordId id) const;
+  std::optional<LayerId> find_layer(std::string_view name) const;
+  LayerId layer_named(std::string_view name);  // listed or not
+  std::optional<SpaceId> find_space(std::string_view name) const;
+  /// The entity that a part belongs to.
+  RecordId whole(RecordId part) const;
+  /// "plan.dxf, line 811 (LINE #2F)"; `offset` is within the record's bytes.
+  std::string where(RecordId id, std::size_t offset) const;
+  std::uint64_t line_of(RecordId id, std::size_t offset) const;
+
+  /// Gives a record of the source other bytes; what it says of layer and colour is for the caller.
+  void patch(RecordId id, std::string bytes);
+  /// Adds a record before another one, or at the end of the records for number source_count.
+  RecordId add(RecordId before, Record record, std::string bytes);
+  Handle give_handle(RecordId id);
+};
+
+/// Equal but for the case of ASCII letters, and of other letters as far as the C library knows
+/// them.
+bool same_name(std::string_view a, std::string_view b);
+
+}  // namespace velmar::drawing

@@ -1,0 +1,90 @@
+#include <set>
+
+#include "drawing/drawing.h"
+#include "drawing/dxf/record_tags.h"
+#include "drawing/store.h"
+
+namespace velmar::drawing {
+namespace {
+
+constexpr int application_code = 1001;
+
+std::string value_text(const dxf::RecordTags& record, const dxf::Tag& tag) {
+  const dxf::Format& format = record.format();
+  if (!format.binary) return dxf::text_value(record.bytes(), tag, format);
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string text;
+  switch (dxf::value_kind(tag.code)) {
+    case dxf::ValueKind::text:
+      return dxf::text_value(record.bytes(), tag, format);
+    case dxf::ValueKind::real:
+      return dxf::real_bytes(dxf::real_value(record.bytes(), tag, format).value_or(0),
+                             dxf::Format{});
+    case dxf::ValueKind::chunk:
+      for (const char c : record.text(tag)) {
+        text += digits[static_cast<unsigned char>(c) >> 4];
+        text += digits[static_cast<unsigned char>(c) & 15];
+      }
+      return text;
+    default:
+      return std::to_string(dxf::integer_value(record.bytes(), tag, format).value_or(0));
+  }
+}
+
+/// A tag from its text, in the form of the drawing.
+void append_value(std::string& out, int code, const std::string& text, const dxf::Format& format) {
+  if (!format.binary || dxf::value_kind(code) == dxf::ValueKind::text) {
+    return dxf::append_text(out, code, text, format);
+  }
+  const dxf::Format as_text;
+  dxf::Tag tag;
+  tag.code = code;
+  tag.value_end = static_cast<std::uint32_t>(text.size());
+  if (dxf::value_kind(code) == dxf::ValueKind::real) {
+    return dxf::append_real(out, code, dxf::real_value(text, tag, as_text).value_or(0), format);
+  }
+  if (dxf::value_kind(code) != dxf::ValueKind::chunk) {
+    return dxf::append_integer(out, code, dxf::integer_value(text, tag, as_text).value_or(0),
+                               format);
+  }
+  dxf::append_code(out, code, format);
+  out += static_cast<char>(text.size() / 2);
+  for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+    out += static_cast<char>(parse_handle(text.substr(i, 2)));
+  }
+}
+
+}  // namespace
+
+std::vector<std::pair<int, std::string>> Drawing::read_xdata(RecordId id) const {
+  const dxf::RecordTags record(store_->bytes(id), store_->format);
+  std::vector<std::pair<int, std::string>> tags;
+  for (std::size_t i = record.xdata(); i < record.tags().size(); ++i) {
+    tags.emplace_back(record.tags()[i].code, value_text(record, record.tags()[i]));
+  }
+  return tags;
+}
+
+void Drawing::write_xdata(RecordId id, const std::vector<std::pair<int, std::string>>& tags) {
+  std::set<std::string> replaced;
+  for (const auto& [code, text] : tags) {
+    if (code == application_code) replaced.insert(text);
+  }
+  const dxf::RecordTags record(store_->bytes(id), store_->format);
+  std::string bytes(record.bytes().substr(0, record.xdata_offset()));
+  bool keep = true;
+  for (std::size_t i = record.xdata(); i < record.tags().size(); ++i) {
+    const dxf::Tag& tag = record.tags()[i];
+    if (tag.code == application_code) keep = !replaced.contains(value_text(record, tag));
+    if (keep) bytes += record.bytes().substr(tag.begin, tag.next - tag.begin);
+  }
+  for (std::size_t i = 0; i < tags.size(); ++i) {
+    // A run of the application's name alone takes its data away.
+    const bool alone = tags[i].first == application_code &&
+                       (i + 1 == tags.size() || tags[i + 1].first == application_code);
+    if (!alone) append_value(bytes, tags[i].first, tags[i].second, store_->format);
+  }
+  if (bytes != record.bytes()) store_->patch(id, std::move(bytes));
+}
+
+}  // namespace velmar::drawing

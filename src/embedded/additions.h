@@ -1,0 +1,14 @@
+#pragma once
+
+#include <span>
+
+#include "embedded/block_object.h"
+#include "embedded/properties/table.h"
+
+namespace velmar::embedded {
+
+/// AddLine and its like. New entities take the drawing's current layer, colour, linetype, linetype
+/// scale, elevation and text style.
+std::span<const Method<BlockObject>> additions();
+
+}  // namespace velmar::embedded

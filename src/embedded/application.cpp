@@ -1,0 +1,102 @@
+#include "embedded/application.h"
+
+#include "basic/conversion.h"
+#include "embedded/document.h"
+#include "embedded/document_name.h"
+#include "embedded/documents.h"
+#include "embedded/errors.h"
+#include "embedded/host.h"
+#include "embedded/preferences.h"
+
+namespace velmar::embedded {
+namespace {
+
+/// Empty where the system does not tell.
+std::filesystem::path program_path() {
+  std::error_code unknown;
+  return std::filesystem::read_symlink("/proc/self/exe", unknown);
+}
+
+std::shared_ptr<Document> required(std::shared_ptr<Document> active) {
+  if (!active) throw failure(HostError::no_document);
+  return active;
+}
+
+}  // namespace
+
+Value Application::get(Member member) {
+  switch (member) {
+    case Member::ActiveDocument: return required(session_->active());
+    case Member::Application: return session_->application.lock();
+    case Member::Caption: return caption();
+    case Member::Documents: return std::make_shared<Documents>(session_);
+    case Member::FullName: return program_path().string();
+    case Member::Name: return "Velmar";
+    case Member::Path: return program_path().parent_path().string();
+    case Member::Preferences: return std::make_shared<Preferences>(session_);
+    case Member::Version: return "16.2 (Velmar " + std::string(velmar_version) + ")";
+    case Member::Visible: return visible_;
+    case Member::WindowState: return window_state_;
+    default: throw no_such_member(member);
+  }
+}
+
+void Application::put(Member member, const Value& value) {
+  switch (member) {
+    case Member::ActiveDocument: {
+      const auto* reference = value.if_is<basic::Reference>();
+      const auto document = reference ? std::dynamic_pointer_cast<Document>(*reference) : nullptr;
+      if (!document) throw invalid_argument("Document", member);
+      return activate(document->state());
+    }
+    case Member::Visible: visible_ = basic::convert<bool>(value); return;
+    case Member::WindowState: {
+      const auto state = basic::convert<std::int32_t>(value);
+      if (state < 1 || state > 3) throw failure(HostError::invalid_input);
+      window_state_ = state;
+      return;
+    }
+    default: throw no_such_member(member);
+  }
+}
+
+Value Application::call(Member member, std::span<Value> arguments) {
+  switch (member) {
+    case Member::ZoomAll:
+    case Member::ZoomExtents: required(session_->active()); [[fallthrough]];
+    case Member::Update: return {};  // nothing is shown
+    default: return PlainObject::call(member, arguments);
+  }
+}
+
+DocumentPointer Application::open(const std::filesystem::path& path) {
+  return session_->open(path, false)->state();
+}
+
+void Application::activate(const DocumentPointer& document) {
+  for (const auto& open : session_->documents()) {
+    if (open->state() == document) return session_->activate(open);
+  }
+  throw failure(HostError::disconnected);
+}
+
+std::vector<DocumentPointer> Application::documents() const {
+  std::vector<DocumentPointer> states;
+  for (const auto& document : session_->documents()) states.push_back(document->state());
+  return states;
+}
+
+DocumentPointer Application::active() const {
+  const auto document = session_->active();
+  return document ? document->state() : nullptr;
+}
+
+std::string Application::caption() const {
+  std::string caption = "Velmar " + std::string(velmar_version);
+  if (const DocumentPointer document = active()) {
+    caption += " - [" + document_name(*document) + "]";
+  }
+  return caption;
+}
+
+}  // namespace velmar::embedded

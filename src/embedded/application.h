@@ -1,0 +1,39 @@
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+#include "embedded/plain_object.h"
+#include "embedded/session.h"
+
+namespace velmar::embedded {
+
+/// The host application: what callers reach everything through. Make it with start() of host.h.
+class Application final : public PlainObject {
+ public:
+  explicit Application(std::shared_ptr<Session> session) : session_(std::move(session)) {}
+
+  Value get(Member member) override;
+  void put(Member member, const Value& value) override;
+  Value call(Member member, std::span<Value> arguments) override;
+
+  // For the program that runs the host.
+
+  /// Opens the file, or finds it open, and makes it active. Fails as Documents.Open does.
+  DocumentPointer open(const std::filesystem::path& path);
+  /// Makes an open drawing the active one.
+  void activate(const DocumentPointer& document);
+  /// The open drawings, in the order in which they were opened.
+  std::vector<DocumentPointer> documents() const;
+  /// Null where no drawing is open.
+  DocumentPointer active() const;
+
+ private:
+  std::string caption() const;
+
+  std::shared_ptr<Session> session_;
+  bool visible_ = true;
+  std::int32_t window_state_ = 3;  // 1 normal, 2 minimised, 3 maximised
+};
+
+}  // namespace velmar::embedded

@@ -1,0 +1,35 @@
+#include "embedded/current.h"
+
+#include "basic/conversion.h"
+#include "embedded/answers.h"
+
+namespace velmar::embedded {
+namespace {
+
+bool model_is_current(const DocumentState& document) {
+  const auto set = document.variables.find("TILEMODE");
+  if (set != document.variables.end()) return basic::convert<std::int32_t>(set->second) != 0;
+  const auto header = document.drawing.header("$TILEMODE");
+  return !header || trimmed(*header) != "0";
+}
+
+}  // namespace
+
+drawing::LayerId current_layer(const DocumentState& document) {
+  if (document.current_layer) return *document.current_layer;
+  const auto header = document.drawing.header("$CLAYER");
+  const auto named = header ? document.drawing.find_layer(*header) : std::nullopt;
+  return named ? *named : document.drawing.find_layer("0").value_or(drawing::LayerId::none);
+}
+
+drawing::SpaceId paper_space(const drawing::Drawing& drawing) {
+  return drawing.find_space("*Paper_Space").value_or(drawing::SpaceId::none);
+}
+
+drawing::SpaceId current_space(const DocumentState& document) {
+  if (model_is_current(document)) return drawing::SpaceId::model;
+  const drawing::SpaceId paper = paper_space(document.drawing);
+  return paper == drawing::SpaceId::none ? drawing::SpaceId::model : paper;
+}
+
+}  // namespace velmar::embedded

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "embedded/document_state.h"
+
+namespace velmar::embedded {
+
+// What the user works on in a drawing: what the file's header says until he changes it.
+
+/// Where new entities are put; layer "0" where the header names none that exists.
+drawing::LayerId current_layer(const DocumentState& document);
+
+/// Model space, or the paper space of the last active layout while TILEMODE is 0.
+drawing::SpaceId current_space(const DocumentState& document);
+drawing::SpaceId paper_space(const drawing::Drawing& drawing);
+
+}  // namespace velmar::embedded

@@ -1,0 +1,32 @@
+#include "embedded/entity_members.h"
+
+namespace velmar::embedded {
+namespace {
+
+using drawing::Kind;
+
+bool has_offset(Kind kind) {
+  return kind == Kind::line || kind == Kind::arc || kind == Kind::circle || kind == Kind::ellipse ||
+         kind == Kind::lwpolyline || kind == Kind::polyline;
+}
+
+}  // namespace
+
+const EntityProperty* find_entity_property(Kind kind, Member member) {
+  if (const auto* row = find_row(entity_properties(), member)) return row;
+  return kind == Kind::insert ? find_row(reference_properties(), member) : nullptr;
+}
+
+const EntityMethod* find_entity_method(Kind kind, Member member) {
+  if (const auto* row = find_row(movement_methods(), member)) return row;
+  if (const auto* row = find_row(object_methods(), member)) return row;
+  if (const auto* row = find_row(copy_methods(), member)) return row;
+  if (kind == Kind::insert) return find_row(reference_methods(), member);
+  if (has_offset(kind)) {
+    if (const auto* row = find_row(offset_methods(), member)) return row;
+  }
+  const bool is_polyline = kind == Kind::lwpolyline || kind == Kind::polyline;
+  return is_polyline ? find_row(polyline_methods(), member) : nullptr;
+}
+
+}  // namespace velmar::embedded

@@ -1,0 +1,118 @@
+#include "embedded/entity_object.h"
+
+#include "embedded/document_members.h"
+#include "embedded/entity_members.h"
+#include "embedded/errors.h"
+#include "embedded/properties/body.h"
+
+namespace velmar::embedded {
+
+using drawing::Record;
+
+Value EntityObject::get(Member member) {
+  return translated([&]() -> Value {
+    require_alive();
+    if (auto found = get_from_record(member)) return std::move(*found);
+    if (const auto* row = find_entity_property(record().kind, member)) return row->get(*this);
+    if (auto found = document_member(*document_, member)) return std::move(*found);
+    if (auto found = get_property(entity().body, member)) return std::move(*found);
+    throw unknown(member);
+  });
+}
+
+void EntityObject::put(Member member, const Value& value) {
+  translated([&] {
+    require_alive();
+    require_unlocked();
+    if (const auto* row = find_entity_property(record().kind, member)) {
+      if (!row->put) throw no_such_member(member);
+      return row->put(*this, value);
+    }
+    drawing::Entity changed = entity();
+    if (!put_property(drawing(), changed.body, member, value)) throw unknown(member);
+    write(changed);
+  });
+}
+
+Value EntityObject::call(Member member, std::span<Value> arguments) {
+  return translated([&]() -> Value {
+    require_alive();
+    if (auto result = call_common(member, arguments)) return std::move(*result);
+    if (auto result = call_own(member, arguments)) return std::move(*result);
+    if (arguments.empty()) return get(member);
+    throw unknown(member);
+  });
+}
+
+std::unique_ptr<host::Enumerator> EntityObject::enumerate() {
+  throw basic::Failure(basic::no_such_member);
+}
+
+drawing::Entity& EntityObject::decoded() const {
+  const std::uint64_t edition = drawing().edition();
+  if (!decoded_ || decoded_->edition != edition) {
+    decoded_ = std::make_unique<Decoded>(Decoded{drawing().read(id_), edition});
+  }
+  return decoded_->entity;
+}
+
+void EntityObject::require_alive() const {
+  require_open(*document_);
+  if (record().is(Record::erased)) throw failure(HostError::was_erased);
+}
+
+void EntityObject::require_unlocked() const {
+  const drawing::LayerId layer = record().layer;
+  if (layer != drawing::LayerId::none && drawing().layer(layer).locked()) {
+    throw failure(HostError::on_locked_layer);
+  }
+}
+
+std::optional<Value> EntityObject::get_from_record(Member member) const {
+  switch (member) {
+    case Member::ObjectName:
+      return Value(drawing().object_name(id_));
+    case Member::Handle:
+      return Value(drawing::handle_text(record().handle));
+    case Member::Color:
+      return Value(std::int32_t{record().color});
+    case Member::Layer: {
+      const drawing::LayerId layer = record().layer;
+      if (layer == drawing::LayerId::none) return Value("0");
+      return Value(drawing().layer(layer).name);
+    }
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<Value> EntityObject::call_common(Member member, std::span<Value> values) {
+  const auto* row = find_entity_method(record().kind, member);
+  if (!row) return std::nullopt;
+  if (row->effect == Effect::changes) require_unlocked();
+  Arguments arguments(member, values, row->required, row->at_most);
+  return row->call(*this, arguments);
+}
+
+std::optional<Value> EntityObject::call_own(Member member, std::span<Value> values) {
+  const auto effect = method_effect(entity().body, member, values.size());
+  if (!effect) return std::nullopt;
+  if (*effect == Effect::changes) require_unlocked();
+  if (*effect == Effect::reads) return call_method(decoded().body, member, values);
+  drawing::Entity changed = entity();
+  Value result = call_method(changed.body, member, values);
+  write(changed);
+  return result;
+}
+
+basic::Failure EntityObject::unknown(Member member) const {
+  basic::Failure unknown = no_such_member(member);
+  unknown.description += " of " + kind();
+  return unknown;
+}
+
+std::shared_ptr<EntityObject> make_entity(DocumentPointer document, drawing::RecordId id) {
+  return std::make_shared<EntityObject>(std::move(document), id);
+}
+
+}  // namespace velmar::embedded

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "embedded/document_state.h"
+#include "embedded/input.h"
+#include "embedded/save_format.h"
+
+namespace velmar::embedded {
+
+class Document;
+
+/// What runs: the open drawings, which of them is active, and the user. The input must outlive it.
+class Session : public std::enable_shared_from_this<Session> {
+ public:
+  using DocumentObject = std::shared_ptr<Document>;
+
+  explicit Session(Input& user) : input(user) {}
+
+  /// In the order in which they were opened.
+  const std::vector<DocumentObject>& documents() const { return documents_; }
+  /// Null where no drawing is open.
+  DocumentObject active() const { return by_use_.empty() ? nullptr : by_use_.back(); }
+  void activate(const DocumentObject& document);
+  /// Null where the file is not open.
+  DocumentObject find(const std::filesystem::path& path) const;
+
+  /// Makes the drawing active. Fails: file not found, not a drawing.
+  DocumentObject open(const std::filesystem::path& path, bool read_only);
+  /// A new drawing, empty or like the template; active from now on.
+  DocumentObject add(const std::optional<std::filesystem::path>& drawing_template);
+  /// Without saving. Of the others the one that was used last becomes active.
+  void close(const DocumentObject& document);
+
+  Input& input;
+  std::int32_t save_as_type = native_save_type;
+  std::weak_ptr<basic::Referenced> application;
+
+ private:
+  DocumentObject begin(drawing::Drawing drawing);
+
+  std::vector<DocumentObject> documents_;
+  std::vector<DocumentObject> by_use_;  // the active one last
+  int added_ = 0;
+};
+
+}  // namespace velmar::embedded

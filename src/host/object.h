@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "basic/value.h"
+#include "host/member.h"
+
+namespace velmar::host {
+
+using basic::Value;
+
+/// Steps through a collection: what was there when the walk began, less what was erased since.
+class Enumerator {
+ public:
+  virtual ~Enumerator() = default;
+  /// False at the end; otherwise `item` is the next one.
+  virtual bool next(Value& item) = 0;
+};
+
+/// An object of a drawing host, reached by member name alone. This is all that a host adapter
+/// writes. Every function fails with basic::Failure: the host's own error, or run-time error 438
+/// for an unknown member.
+class Object : public basic::Referenced {
+ public:
+  virtual Value get(Member member) = 0;
+  virtual void put(Member member, const Value& value) = 0;
+  /// Calls a method, or reads a property that takes arguments. Out-arguments are written back.
+  virtual Value call(Member member, std::span<Value> arguments) = 0;
+  /// A walk over a collection; error 438 where the object is none.
+  virtual std::unique_ptr<Enumerator> enumerate() = 0;
+};
+
+}  // namespace velmar::host

@@ -1,0 +1,144 @@
+#include "fake_host.h"
+
+#include <algorithm>
+
+#include "basic/conversion.h"
+#include "host/document.h"
+
+namespace velmar {
+namespace {
+
+using basic::Value;
+using Arguments = std::span<Value>;
+
+[[noreturn]] void refuse(std::int32_t number, std::string description) {
+  throw basic::Failure(number, "Host", std::move(description));
+}
+
+std::string hexadecimal(int number) {
+  std::string digits;
+  for (; number > 0; number /= 16) digits.insert(digits.begin(), "0123456789ABCDEF"[number % 16]);
+  return digits;
+}
+
+}  // namespace
+
+std::string handle_of(const Bag& entity) { return basic::text(entity->get(Member::Handle)); }
+
+FakeDocument::FakeDocument() {
+  object->properties[Member::ModelSpace] = model_space_;
+  object->methods[Member::HandleToObject] = [this](Arguments arguments) -> Value {
+    for (const Bag& entity : entities) {
+      if (handle_of(entity) == basic::text(arguments[0])) return entity;
+    }
+    refuse(unknown_handle, "Unknown handle");
+  };
+  add_utility();
+  add_selection_sets();
+}
+
+Bag FakeDocument::add(std::string_view class_name, std::string_view layer,
+                      std::map<Member, Value> members) {
+  const auto entity = std::make_shared<BagObject>();
+  entity->properties = std::move(members);
+  entity->properties[Member::ObjectName] = class_name;
+  entity->properties[Member::Layer] = layer;
+  entity->properties[Member::Handle] = hexadecimal(next_handle++);
+  entity->methods[Member::Update] = [](Arguments) { return Value(); };
+  entity->methods[Member::Delete] = [this, unowned = entity.get()](Arguments) {
+    std::erase_if(entities, [&](const Bag& other) { return other.get() == unowned; });
+    return Value();
+  };
+  entities.push_back(entity);
+  model_space_->items.emplace_back(entity);
+  return entity;
+}
+
+Bag FakeDocument::add_boxed(std::string_view class_name, host::Point min, host::Point max) {
+  const Bag entity = add(class_name, "0");
+  entity->methods[Member::GetBoundingBox] = [min, max](Arguments corners) {
+    corners[0] = to_value(min);
+    corners[1] = to_value(max);
+    return Value();
+  };
+  return entity;
+}
+
+bool FakeDocument::has(const Bag& entity) const {
+  return std::ranges::find(entities, entity) != entities.end();
+}
+
+void FakeDocument::add_utility() {
+  const auto utility = std::make_shared<BagObject>();
+  utility->methods[Member::Prompt] = [this](Arguments arguments) {
+    said.push_back(basic::text(arguments[0]));
+    return Value();
+  };
+  utility->methods[Member::GetEntity] = [this](Arguments arguments) {
+    asked.push_back(basic::text(arguments[2]));
+    if (picks.empty()) refuse(pick_failed, "Method 'GetEntity' of object 'IAcadUtility' failed");
+    arguments[0] = picks.front();
+    arguments[1] = to_value(host::Point{});
+    picks.pop_front();
+    return Value();
+  };
+  object->properties[Member::Utility] = utility;
+}
+
+void FakeDocument::add_selection_sets() {
+  const auto sets = std::make_shared<BagObject>();
+  sets->methods[Member::Add] = [this](Arguments arguments) -> Value {
+    const std::string name = basic::text(arguments[0]);
+    if (selection_sets.contains(name)) refuse(set_exists, "The named selection set exists");
+    return selection_sets[name] = make_selection_set(name);
+  };
+  sets->methods[Member::Item] = [this](Arguments arguments) -> Value {
+    const auto found = selection_sets.find(basic::text(arguments[0]));
+    if (found == selection_sets.end()) refuse(key_not_found, "Key not found");
+    return found->second;
+  };
+  object->properties[Member::SelectionSets] = sets;
+}
+
+Bag FakeDocument::make_selection_set(const std::string& name) {
+  const auto set = std::make_shared<BagObject>();
+  BagObject* unowned = set.get();
+  set->properties[Member::Count] = std::int32_t{0};
+  set->methods[Member::Select] = [this, unowned](Arguments mode) {
+    if (mode.size() != 1 || mode[0] != Value(std::int32_t{4})) refuse(-1, "Not the last one");
+    if (!entities.empty()) unowned->items.emplace_back(entities.back());
+    unowned->properties[Member::Count] = static_cast<std::int32_t>(unowned->items.size());
+    return Value();
+  };
+  set->methods[Member::Update] = [](Arguments) { return Value(); };
+  set->methods[Member::Item] = [unowned](Arguments index) {
+    return unowned->items.at(static_cast<std::size_t>(basic::number(index[0])));
+  };
+  set->methods[Member::Delete] = [this, name](Arguments) {
+    selection_sets.erase(name);
+    return Value();
+  };
+  return set;
+}
+
+FakeHost::FakeHost() {
+  const auto application = std::make_shared<BagObject>();
+  application->properties[Member::Application] = session_;
+  activate(document);
+  install_host_factory([this, application] {
+    ++created;
+    return decorate(application);
+  });
+  release_host_application();
+}
+
+FakeHost::~FakeHost() {
+  install_host_factory(nullptr);
+  release_host_application();
+}
+
+void FakeHost::activate(const FakeDocument& active) {
+  session_->properties[Member::ActiveDocument] = active.object;
+}
+
+}  // namespace velmar
