@@ -102,13 +102,19 @@ Value read_argument(const Parameter& parameter, const std::string& word) {
   const bool quoted = word.size() >= 2 && word.front() == '\'' && word.back() == '\'';
   if (quoted) return word.substr(1, word.size() - 2);
   switch (parameter.type) {
-    case ValueType::boolean: return read_boolean(parameter, word);
-    case ValueType::int16: return read_integer<std::int16_t>(parameter, word);
-    case ValueType::int32: return read_integer<std::int32_t>(parameter, word);
-    case ValueType::number: return require_number(parameter, word);
-    case ValueType::variant: return read_variant(word);
+    case ValueType::boolean:
+      return read_boolean(parameter, word);
+    case ValueType::int16:
+      return read_integer<std::int16_t>(parameter, word);
+    case ValueType::int32:
+      return read_integer<std::int32_t>(parameter, word);
+    case ValueType::number:
+      return require_number(parameter, word);
+    case ValueType::variant:
+      return read_variant(word);
     case ValueType::text:
-    case ValueType::none: break;
+    case ValueType::none:
+      break;
   }
   return word;
 }

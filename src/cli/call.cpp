@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -15,7 +16,6 @@
 #include "cli/run.h"
 #include "cli/saving.h"
 #include "cli/usage_error.h"
-#include "cli/warnings.h"
 
 namespace velmar::cli {
 namespace {
@@ -64,16 +64,6 @@ void check_saving(const CallOptions& options) {
   }
 }
 
-std::vector<embedded::DocumentPointer> open_all(const std::vector<std::string>& files) {
-  std::vector<embedded::DocumentPointer> documents;
-  for (const std::string& file : files) {
-    documents.push_back(
-        std::make_shared<embedded::DocumentState>(drawing::Drawing::open(file)));
-    show_warnings(file, documents.back()->drawing);
-  }
-  return documents;
-}
-
 ExitCode report(const CallRecord& record, bool json) {
   print(json ? to_text(call_json(record)) : call_text(record));
   if (record.failure) complain(failure_text(*record.failure));
@@ -89,14 +79,22 @@ ExitCode call_method(const CallOptions& options) {
   check_saving(options);
   const std::vector<std::string> answers = read_answers(options);
   try {
-    Session session(open_all(options.drawings), answers);
-    session.run(record);
-    save(session, options.saving, record);
+    Run run(options.drawings, answers);
+    if (options.saving.dry_run) run.protect_files();
+    run.call(record);
+    save(run, options.saving, record);
   } catch (const drawing::Error& error) {
     record.drawing_failure = error.what();
   }
   return report(record, options.json);
 }
+
+class CallFormatter : public CLI::Formatter {
+ public:
+  std::string make_usage(const CLI::App*, std::string name) const override {
+    return "Usage: " + name + " [OPTIONS] METHOD [ARG...]\n";
+  }
+};
 
 void add_options(CLI::App& command, CallOptions& options) {
   command.add_option("METHOD", options.method, "The method, in any letter case")->required();
@@ -129,9 +127,8 @@ constexpr const char* about_arguments =
 
 void add_call(CLI::App& program, Action& action) {
   const auto options = std::make_shared<CallOptions>();
-  CLI::App* const command =
-      program.add_subcommand("call", "Run a method, on drawings or on none");
-  command->usage("Usage: velmar call [OPTIONS] METHOD [ARG...]");
+  CLI::App* const command = program.add_subcommand("call", "Run a method, on drawings or on none");
+  command->formatter(std::make_shared<CallFormatter>());
   command->footer(about_arguments);
   add_options(*command, *options);
   command->callback([options, command, &action] {

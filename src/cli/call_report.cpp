@@ -36,17 +36,18 @@ struct ToText {
   std::string operator()(basic::LeftOut) const { return {}; }
   std::string operator()(const basic::Reference&) const { return {}; }
   std::string operator()(bool truth) const { return truth ? "true" : "false"; }
+  std::string operator()(std::int16_t number) const { return std::to_string(number); }
+  std::string operator()(std::int32_t number) const { return std::to_string(number); }
   std::string operator()(double number) const { return basic::general(number); }
   std::string operator()(const std::string& text) const { return text; }
-  std::string operator()(const basic::Doubles& numbers) const { return joined(numbers); }
-  std::string operator()(const basic::List& list) const { return joined(list); }
-
-  template <class Items>
-  static std::string joined(const Items& items) {
+  std::string operator()(const basic::Doubles& numbers) const {
+    return (*this)(basic::List(numbers.begin(), numbers.end()));
+  }
+  std::string operator()(const basic::List& list) const {
     std::string all;
-    for (const basic::Value item : items) {
+    for (const basic::Value& item : list) {
       if (!all.empty()) all += ",";
-      all += std::visit(ToText{}, item.content());
+      all += std::visit(*this, item.content());
     }
     return all;
   }

@@ -3,7 +3,6 @@
 #include <numeric>
 
 #include "basic/number_text.h"
-
 #include "cli/text_table.h"
 #include "cli/warnings.h"
 
@@ -19,9 +18,12 @@ Json counts_json(const KindCounts& counts) {
 }
 
 Json layer_json(const LayerSurvey& layer) {
-  return {{"name", layer.row.name},         {"color", std::abs(layer.row.color)},
-          {"linetype", layer.row.linetype}, {"on", layer.row.on()},
-          {"frozen", layer.row.frozen()},   {"locked", layer.row.locked()},
+  return {{"name", layer.row.name},
+          {"color", std::abs(layer.row.color)},
+          {"linetype", layer.row.linetype},
+          {"on", layer.row.on()},
+          {"frozen", layer.row.frozen()},
+          {"locked", layer.row.locked()},
           {"entities", counts_json(layer.entities)}};
 }
 
@@ -70,7 +72,8 @@ std::string layouts_text(const std::vector<LayoutSurvey>& layouts) {
   TextTable table({Side::left, Side::right, Side::right});
   table.add({"name", "tab", "entities"});
   for (const LayoutSurvey& layout : layouts) {
-    table.add({printable(layout.name), std::to_string(layout.tab), std::to_string(layout.entities)});
+    table.add(
+        {printable(layout.name), std::to_string(layout.tab), std::to_string(layout.entities)});
   }
   return heading("layouts", layouts.size()) + table.text(2);
 }

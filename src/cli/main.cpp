@@ -7,6 +7,7 @@
 #include "cli/console.h"
 #include "cli/usage_error.h"
 #include "drawing/error.h"
+#include "embedded/host.h"
 
 namespace {
 
@@ -19,11 +20,20 @@ constexpr const char* exit_codes =
     "3 a drawing could not be read or written.\n"
     "'velmar COMMAND --help' tells more about a command.";
 
+std::string wrong_usage(const CLI::App& program, int argc, char** argv,
+                        const CLI::ParseError& error) {
+  if (!program.get_subcommands().empty()) return error.what();
+  if (argc < 2) return "a command is missing";
+  return std::string(argv[1]).starts_with('-')
+             ? error.what()
+             : "there is no command \"" + std::string(argv[1]) + "\"";
+}
+
 /// Finds out what to do; help, version and wrong usage are answered here.
 Action read_command_line(int argc, char** argv) {
   Action action;
   CLI::App program("Velmar, a toolbox of drawing-editing commands for CAD drafters", "velmar");
-  program.set_version_flag("--version", "velmar " VELMAR_VERSION);
+  program.set_version_flag("--version", "velmar " + std::string(velmar::embedded::velmar_version));
   program.require_subcommand(1);
   program.footer(exit_codes);
   velmar::cli::add_call(program, action);
@@ -39,7 +49,8 @@ Action read_command_line(int argc, char** argv) {
       return ExitCode::done;
     };
   } catch (const CLI::ParseError& error) {
-    throw UsageError(std::string(error.what()) + "\n'velmar --help' lists what is possible.");
+    throw UsageError(wrong_usage(program, argc, argv, error) +
+                     "\n'velmar --help' lists what is possible.");
   }
   return action;
 }

@@ -6,15 +6,15 @@ namespace velmar::cli {
 namespace {
 
 /// Where a drawing is to be saved; empty: nowhere.
-std::string target_of(const embedded::DocumentState& document, bool is_active, bool is_changed,
+std::string target_of(const std::string& file, bool is_active, bool is_changed,
                       const SavingOptions& options) {
   if (is_active && !options.output.empty()) return options.output;
-  return options.in_place && is_changed ? document.drawing.path().string() : std::string();
+  return options.in_place && is_changed ? file : std::string();
 }
 
-void save_to(embedded::DocumentState& document, const std::string& target, CallRecord& record) {
+void save_to(drawing::Drawing& drawing, const std::string& target, CallRecord& record) {
   try {
-    document.drawing.save(target);
+    drawing.save(target);
     record.drawings.back().saved_to = target;
   } catch (const drawing::Error& error) {
     if (record.drawing_failure) complain(*record.drawing_failure);
@@ -22,30 +22,30 @@ void save_to(embedded::DocumentState& document, const std::string& target, CallR
   }
 }
 
-void tell_unsaved(const std::string& file, const SavingOptions& options, const CallRecord& record) {
+void tell_unsaved(const std::string& file, const SavingOptions& options, bool method_failed) {
   std::string_view why = ": give --save or --output to save it";
-  if (record.failure) why = ", since the method failed";
+  if (method_failed) why = ", since the method failed";
   if (options.dry_run) why = " (dry run)";
   complain(file + " was changed but is not saved" + std::string(why));
 }
 
 }  // namespace
 
-void save(Session& session, const SavingOptions& options, CallRecord& record) {
+void save(const Run& run, const SavingOptions& options, CallRecord& record) {
   const bool may_save = !options.dry_run && !record.failure;
-  const embedded::DocumentPointer active = session.active();
-  for (const embedded::DocumentPointer& document : session.documents()) {
+  const embedded::DocumentPointer active = run.active();
+  for (const embedded::DocumentPointer& document : run.documents()) {
     drawing::Changes changes = document->drawing.changes();
     const bool is_changed = !changes.empty();
-    const std::string target =
-        may_save ? target_of(*document, document == active, is_changed, options) : std::string();
+    const std::string file = run.name_of(*document);
+    std::string target;
+    if (may_save) target = target_of(file, document == active, is_changed, options);
     if (!is_changed && target.empty()) continue;
-    const std::string file = document->drawing.path().string();
     record.drawings.push_back({file, std::move(changes), {}});
     if (target.empty()) {
-      tell_unsaved(file, options, record);
+      tell_unsaved(file, options, record.failure.has_value());
     } else {
-      save_to(*document, target, record);
+      save_to(document->drawing, target, record);
     }
   }
 }

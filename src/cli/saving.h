@@ -16,6 +16,6 @@ struct SavingOptions {
 /// Notes in `record` what changed, and saves as the options say. After a failed method nothing is
 /// saved. A change that is not saved is told on standard error; a drawing that cannot be saved
 /// becomes the record's drawing_failure, and the others are saved nevertheless.
-void save(Session& session, const SavingOptions& options, CallRecord& record);
+void save(const Run& run, const SavingOptions& options, CallRecord& record);
 
 }  // namespace velmar::cli

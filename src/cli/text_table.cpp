@@ -6,7 +6,9 @@ namespace velmar::cli {
 namespace {
 
 std::size_t width(std::string_view text) {
-  const auto starts_character = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+  const auto starts_character = [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  };
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), starts_character));
 }
 

@@ -7,7 +7,8 @@
 
 namespace velmar::cli {
 
-/// "line 811 (#2F): what is wrong", without what is not known; a place in a binary drawing is a byte.
+/// "line 811 (#2F): what is wrong", without what is not known; a place in a binary drawing is a
+/// byte.
 std::string warning_text(const drawing::Warning& warning, bool binary);
 
 /// Writes what is wrong with an opened drawing to standard error.

@@ -26,18 +26,30 @@ std::shared_ptr<Document> required(std::shared_ptr<Document> active) {
 
 Value Application::get(Member member) {
   switch (member) {
-    case Member::ActiveDocument: return required(session_->active());
-    case Member::Application: return session_->application.lock();
-    case Member::Caption: return caption();
-    case Member::Documents: return std::make_shared<Documents>(session_);
-    case Member::FullName: return program_path().string();
-    case Member::Name: return "Velmar";
-    case Member::Path: return program_path().parent_path().string();
-    case Member::Preferences: return std::make_shared<Preferences>(session_);
-    case Member::Version: return "16.2 (Velmar " + std::string(velmar_version) + ")";
-    case Member::Visible: return visible_;
-    case Member::WindowState: return window_state_;
-    default: throw no_such_member(member);
+    case Member::ActiveDocument:
+      return required(session_->active());
+    case Member::Application:
+      return session_->application.lock();
+    case Member::Caption:
+      return caption();
+    case Member::Documents:
+      return std::make_shared<Documents>(session_);
+    case Member::FullName:
+      return program_path().string();
+    case Member::Name:
+      return "Velmar";
+    case Member::Path:
+      return program_path().parent_path().string();
+    case Member::Preferences:
+      return std::make_shared<Preferences>(session_);
+    case Member::Version:
+      return "16.2 (Velmar " + std::string(velmar_version) + ")";
+    case Member::Visible:
+      return visible_;
+    case Member::WindowState:
+      return window_state_;
+    default:
+      throw no_such_member(member);
   }
 }
 
@@ -49,23 +61,30 @@ void Application::put(Member member, const Value& value) {
       if (!document) throw invalid_argument("Document", member);
       return activate(document->state());
     }
-    case Member::Visible: visible_ = basic::convert<bool>(value); return;
+    case Member::Visible:
+      visible_ = basic::convert<bool>(value);
+      return;
     case Member::WindowState: {
       const auto state = basic::convert<std::int32_t>(value);
       if (state < 1 || state > 3) throw failure(HostError::invalid_input);
       window_state_ = state;
       return;
     }
-    default: throw no_such_member(member);
+    default:
+      throw no_such_member(member);
   }
 }
 
 Value Application::call(Member member, std::span<Value> arguments) {
   switch (member) {
     case Member::ZoomAll:
-    case Member::ZoomExtents: required(session_->active()); [[fallthrough]];
-    case Member::Update: return {};  // nothing is shown
-    default: return PlainObject::call(member, arguments);
+    case Member::ZoomExtents:
+      required(session_->active());
+      [[fallthrough]];
+    case Member::Update:
+      return {};  // nothing is shown
+    default:
+      return PlainObject::call(member, arguments);
   }
 }
 

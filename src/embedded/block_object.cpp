@@ -51,6 +51,12 @@ std::unique_ptr<host::Enumerator> BlockObject::enumerate() {
 
 const drawing::Space& BlockObject::space() const { return document_->drawing.spaces()[index(id_)]; }
 
+drawing::Handle BlockObject::record_handle() const {
+  const drawing::Space& own = space();
+  if (own.owner != 0 || own.block == RecordId::none) return own.owner;
+  return document_->drawing.record(own.block).handle;
+}
+
 const std::vector<RecordId>& BlockObject::live() {
   const std::uint64_t edition = document_->drawing.edition();
   if (live_edition_ != edition) {
@@ -79,9 +85,9 @@ std::optional<Value> BlockObject::own_property(Member member) {
     case Member::ObjectName:
       return "AcDbBlockTableRecord";
     case Member::Handle:
-      return drawing::handle_text(own.owner);
+      return drawing::handle_text(record_handle());
     case Member::ObjectID:
-      return object_id(document_->drawing.find(own.owner));
+      return object_id(document_->drawing.find(record_handle()));
     default:
       return std::nullopt;
   }

@@ -25,6 +25,8 @@ class BlockObject final : public PlainObject {
 
  private:
   const drawing::Space& space() const;
+  /// Of the block record; in R12, which has none, of the BLOCK.
+  drawing::Handle record_handle() const;
   const std::vector<drawing::RecordId>& live();
   std::optional<Value> own_property(Member member);
   Value item(std::span<Value> values);

@@ -43,32 +43,48 @@ Value Document::get(Member member) {
   if (auto common = document_member(*state_, member)) return std::move(*common);
   const bool model_is_active = current_space(*state_) == drawing::SpaceId::model;
   switch (member) {
-    case Member::Active: return session()->active() == self();
+    case Member::Active:
+      return session()->active() == self();
     case Member::ActiveLayer:
       return std::make_shared<LayerObject>(state_, current_layer(*state_));
-    case Member::ActiveSpace: return std::int32_t{model_is_active ? 1 : 0};
-    case Member::Blocks: return std::make_shared<BlocksObject>(state_);
-    case Member::FullName: return document_full_name(*state_);
-    case Member::Layers: return std::make_shared<LayersObject>(state_);
-    case Member::ModelSpace: return space(drawing::SpaceId::model);
-    case Member::Name: return document_name(*state_);
-    case Member::PaperSpace: return space(paper_space(state_->drawing));
-    case Member::Path: return document_folder(*state_);
-    case Member::ReadOnly: return state_->read_only;
-    case Member::Saved: return !state_->drawing.is_changed();
-    case Member::SelectionSets: return std::make_shared<SelectionSets>(state_, input_);
-    case Member::Utility: return utility_;
-    default: throw no_such_member(member);
+    case Member::ActiveSpace:
+      return std::int32_t{model_is_active ? 1 : 0};
+    case Member::Blocks:
+      return std::make_shared<BlocksObject>(state_);
+    case Member::FullName:
+      return document_full_name(*state_);
+    case Member::Layers:
+      return std::make_shared<LayersObject>(state_);
+    case Member::ModelSpace:
+      return space(drawing::SpaceId::model);
+    case Member::Name:
+      return document_name(*state_);
+    case Member::PaperSpace:
+      return space(paper_space(state_->drawing));
+    case Member::Path:
+      return document_folder(*state_);
+    case Member::ReadOnly:
+      return state_->read_only;
+    case Member::Saved:
+      return !state_->drawing.is_changed();
+    case Member::SelectionSets:
+      return std::make_shared<SelectionSets>(state_, input_);
+    case Member::Utility:
+      return utility_;
+    default:
+      throw no_such_member(member);
   }
 }
 
 void Document::put(Member member, const Value& value) {
   require_open(*state_);
   switch (member) {
-    case Member::ActiveLayer: return put_active_layer(value);
+    case Member::ActiveLayer:
+      return put_active_layer(value);
     case Member::ActiveSpace:
       return embedded::set_variable(*state_, "TILEMODE", value);  // 0 is paper in both
-    default: throw no_such_member(member);
+    default:
+      throw no_such_member(member);
   }
 }
 
@@ -82,9 +98,9 @@ Value Document::call(Member member, std::span<Value> arguments) {
 
 void Document::save() {
   if (state_->drawing.path().empty()) {
-    throw failure(HostError::saving_failed, "Error saving the document: " +
-                                                state_->name_until_saved +
-                                                " has no file yet; give it a name with SaveAs");
+    throw failure(HostError::saving_failed,
+                  "Error saving the document: " + state_->name_until_saved +
+                      " has no file yet; give it a name with SaveAs");
   }
   if (state_->read_only) {
     throw failure(HostError::saving_failed,

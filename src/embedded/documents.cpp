@@ -25,19 +25,28 @@ Value add(Session& session, const Arguments& arguments) {
 
 Value Documents::get(Member member) {
   switch (member) {
-    case Member::Application: return session_->application.lock();
-    case Member::Count: return static_cast<std::int32_t>(session_->documents().size());
-    default: throw no_such_member(member);
+    case Member::Application:
+      return session_->application.lock();
+    case Member::Count:
+      return static_cast<std::int32_t>(session_->documents().size());
+    default:
+      throw no_such_member(member);
   }
 }
 
 Value Documents::call(Member member, std::span<Value> values) {
   switch (member) {
-    case Member::Add: return add(*session_, Arguments(member, values, 0, 1));
-    case Member::Close: close_all(); return {};
-    case Member::Item: return item(values);
-    case Member::Open: return open(*session_, Arguments(member, values, 1, 3));
-    default: return PlainObject::call(member, values);
+    case Member::Add:
+      return add(*session_, Arguments(member, values, 0, 1));
+    case Member::Close:
+      close_all();
+      return {};
+    case Member::Item:
+      return item(values);
+    case Member::Open:
+      return open(*session_, Arguments(member, values, 1, 3));
+    default:
+      return PlainObject::call(member, values);
   }
 }
 

@@ -60,7 +60,9 @@ void put_true_color(EntityObject& entity, const Value& value) {
 void put_linetype(EntityObject& entity, const Value& value) {
   const auto name = basic::convert<std::string>(value);
   const std::string found = require_linetype(entity.drawing(), name, LinetypeOf::entity);
-  change(entity, [&](Common& it) { it.linetype = found; });
+  change(entity, [&](Common& it) {
+    if (linetype_spelling(it.linetype) != found) it.linetype = found;
+  });
 }
 
 void put_linetype_scale(EntityObject& entity, const Value& value) {
@@ -92,8 +94,10 @@ constexpr std::array rows{
     EntityProperty{Member::Layer, get_layer, put_layer},
     EntityProperty{Member::Color, get_color, put_color},
     EntityProperty{Member::TrueColor, get_true_color, put_true_color},
-    EntityProperty{Member::Linetype,
-                   [](const EntityObject& e) -> Value { return common(e).linetype; }, put_linetype},
+    EntityProperty{
+        Member::Linetype,
+        [](const EntityObject& e) -> Value { return linetype_spelling(common(e).linetype); },
+        put_linetype},
     EntityProperty{Member::LinetypeScale,
                    [](const EntityObject& e) -> Value { return common(e).linetype_scale; },
                    put_linetype_scale},

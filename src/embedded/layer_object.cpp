@@ -117,7 +117,8 @@ constexpr std::array rows{
                     const bool plots = basic::convert<bool>(value);
                     change(l, [&](LayerRow& row) { row.plottable = plots ? 1 : 0; });
                   }},
-    LayerProperty{Member::Linetype, [](const LayerObject& l) -> Value { return l.row().linetype; },
+    LayerProperty{Member::Linetype,
+                  [](const LayerObject& l) -> Value { return linetype_spelling(l.row().linetype); },
                   put_linetype},
     LayerProperty{Member::Lineweight,
                   [](const LayerObject& l) -> Value { return l.row().lineweight; }, put_lineweight},
@@ -179,6 +180,10 @@ void LayerObject::erase() {
       is_used(document_->drawing, id_)) {
     throw failure(HostError::invalid_input, "The layer is in use or may not be deleted");
   }
+  // Layers are found by name, deleted ones too: the name must be free for another.
+  drawing::LayerRow nameless = row();
+  nameless.name = "*deleted " + std::to_string(index(id_));
+  write(nameless);
   document_->drawing.erase(row().record);
 }
 

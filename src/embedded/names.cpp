@@ -46,15 +46,18 @@ std::string require_row(const Drawing& drawing, std::string_view table, std::str
   return *found;
 }
 
-std::string require_linetype(const Drawing& drawing, std::string_view name, LinetypeOf owner) {
-  static constexpr std::array<std::string_view, 3> always{"Continuous", "ByLayer", "ByBlock"};
-  for (const std::string_view own : always) {
-    if (!equal_ignoring_case(own, name)) continue;
-    if (owner == LinetypeOf::layer && own != always[0]) break;
-    return std::string(own);
+std::string linetype_spelling(const std::string& name) {
+  for (const std::string_view own : {"Continuous", "ByLayer", "ByBlock"}) {
+    if (equal_ignoring_case(own, name)) return std::string(own);
   }
-  const bool by_other =
-      equal_ignoring_case(name, always[1]) || equal_ignoring_case(name, always[2]);
+  return name;
+}
+
+std::string require_linetype(const Drawing& drawing, const std::string& name, LinetypeOf owner) {
+  const std::string spelled = linetype_spelling(name);
+  if (spelled == "Continuous") return spelled;
+  const bool by_other = spelled == "ByLayer" || spelled == "ByBlock";
+  if (by_other && owner == LinetypeOf::entity) return spelled;
   const auto found = by_other ? std::nullopt : find_row(drawing, "LTYPE", name);
   if (!found) throw failure(HostError::undefined_linetype);
   return *found;

@@ -23,7 +23,9 @@ std::string require_row(const drawing::Drawing& drawing, std::string_view table,
 /// A row of the LTYPE table or Continuous, and for an entity ByLayer or ByBlock; otherwise
 /// undefined linetype.
 enum class LinetypeOf { entity, layer };
-std::string require_linetype(const drawing::Drawing& drawing, std::string_view name, LinetypeOf);
+/// ByLayer, ByBlock and Continuous as the host spells them, other names as they are.
+std::string linetype_spelling(const std::string& name);
+std::string require_linetype(const drawing::Drawing& drawing, const std::string& name, LinetypeOf);
 /// The name of a block definition; otherwise key not found.
 std::string require_block(const drawing::Drawing& drawing, std::string_view name);
 

@@ -47,10 +47,11 @@ std::optional<drawing::LayerId> layer_of(const drawing::Drawing& drawing, Record
   return static_cast<drawing::LayerId>(found - drawing.layers().begin());
 }
 
+/// A block is its block record; in R12, which has none, its BLOCK.
 std::optional<drawing::SpaceId> space_of(const drawing::Drawing& drawing, RecordId id) {
   const drawing::Handle handle = drawing.record(id).handle;
   const auto found = std::ranges::find_if(drawing.spaces(), [&](const drawing::Space& space) {
-    return space.block == id || (handle != 0 && space.owner == handle);
+    return space.owner != 0 ? space.owner == handle : space.block == id;
   });
   if (found == drawing.spaces().end()) return std::nullopt;
   return static_cast<drawing::SpaceId>(found - drawing.spaces().begin());

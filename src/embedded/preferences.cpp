@@ -7,17 +7,23 @@ namespace velmar::embedded {
 
 Value Preferences::get(Member member) {
   switch (member) {
-    case Member::Application: return session_->application.lock();
-    case Member::OpenSave: return std::make_shared<OpenSavePreferences>(session_);
-    default: throw no_such_member(member);
+    case Member::Application:
+      return session_->application.lock();
+    case Member::OpenSave:
+      return std::make_shared<OpenSavePreferences>(session_);
+    default:
+      throw no_such_member(member);
   }
 }
 
 Value OpenSavePreferences::get(Member member) {
   switch (member) {
-    case Member::Application: return session_->application.lock();
-    case Member::SaveAsType: return session_->save_as_type;
-    default: throw no_such_member(member);
+    case Member::Application:
+      return session_->application.lock();
+    case Member::SaveAsType:
+      return session_->save_as_type;
+    default:
+      throw no_such_member(member);
   }
 }
 

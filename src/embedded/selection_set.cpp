@@ -62,10 +62,14 @@ const SelectionSet::Method* SelectionSet::find(Member member) {
 Value SelectionSet::get(Member member) {
   require_alive();
   switch (member) {
-    case Member::Application: return *document_member(*document_, member);
-    case Member::Count: return static_cast<std::int32_t>(entities().size());
-    case Member::Name: return state_->name;
-    default: throw no_such_member(member);
+    case Member::Application:
+      return *document_member(*document_, member);
+    case Member::Count:
+      return static_cast<std::int32_t>(entities().size());
+    case Member::Name:
+      return state_->name;
+    default:
+      throw no_such_member(member);
   }
 }
 
@@ -79,12 +83,11 @@ Value SelectionSet::call(Member member, std::span<Value> arguments) {
 
 std::unique_ptr<host::Enumerator> SelectionSet::enumerate() {
   require_alive();
-  return walk(
-      entities(), [document = document_](RecordId id) -> std::optional<Value> {
-        require_open(*document);
-        if (document->drawing.record(id).is(Record::erased)) return std::nullopt;
-        return make_entity(document, id);
-      });
+  return walk(entities(), [document = document_](RecordId id) -> std::optional<Value> {
+    require_open(*document);
+    if (document->drawing.record(id).is(Record::erased)) return std::nullopt;
+    return make_entity(document, id);
+  });
 }
 
 Value SelectionSet::item(Arguments& arguments) {
@@ -178,13 +181,16 @@ SelectionSet::Entities SelectionSet::chosen_by_mode(const Arguments& arguments) 
       return entities_within(drawing, space, corners,
                              mode == window ? Reach::window : Reach::crossing);
     }
-    case previous: return document_->previous_selection;
+    case previous:
+      return document_->previous_selection;
     case last: {
       const RecordId newest = last_visible(drawing, space);
       return newest == RecordId::none ? Entities{} : Entities{newest};
     }
-    case all: return all_drawn(drawing);
-    default: throw invalid_argument("Mode", arguments.method());
+    case all:
+      return all_drawn(drawing);
+    default:
+      throw invalid_argument("Mode", arguments.method());
   }
 }
 

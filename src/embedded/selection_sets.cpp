@@ -14,9 +14,12 @@ namespace velmar::embedded {
 Value SelectionSets::get(Member member) {
   require_open(*document_);
   switch (member) {
-    case Member::Application: return *document_member(*document_, member);
-    case Member::Count: return static_cast<std::int32_t>(document_->selections.size());
-    default: throw no_such_member(member);
+    case Member::Application:
+      return *document_member(*document_, member);
+    case Member::Count:
+      return static_cast<std::int32_t>(document_->selections.size());
+    default:
+      throw no_such_member(member);
   }
 }
 
@@ -34,12 +37,12 @@ Value SelectionSets::call(Member member, std::span<Value> values) {
 
 std::unique_ptr<host::Enumerator> SelectionSets::enumerate() {
   require_open(*document_);
-  return walk(
-      document_->selections, [all = *this](const std::shared_ptr<SelectionState>& set) -> std::optional<Value> {
-        const auto& sets = all.document_->selections;
-        if (std::ranges::find(sets, set) == sets.end()) return std::nullopt;
-        return all.object(set);
-      });
+  return walk(document_->selections,
+              [all = *this](const std::shared_ptr<SelectionState>& set) -> std::optional<Value> {
+                const auto& sets = all.document_->selections;
+                if (std::ranges::find(sets, set) == sets.end()) return std::nullopt;
+                return all.object(set);
+              });
 }
 
 Value SelectionSets::add(std::string name) {
@@ -56,9 +59,8 @@ Value SelectionSets::object(std::shared_ptr<SelectionState> state) const {
 
 std::shared_ptr<SelectionState> SelectionSets::find(std::string_view name) const {
   const auto& sets = document_->selections;
-  const auto found = std::ranges::find_if(sets, [&](const auto& set) {
-    return basic::equal_ignoring_case(set->name, name);
-  });
+  const auto found = std::ranges::find_if(
+      sets, [&](const auto& set) { return basic::equal_ignoring_case(set->name, name); });
   return found == sets.end() ? nullptr : *found;
 }
 

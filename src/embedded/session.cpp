@@ -68,19 +68,17 @@ Session::DocumentObject Session::open(const fs::path& path, bool read_only) {
     return already;
   }
   const fs::path full = fs::absolute(path).lexically_normal();
-  const DocumentObject document =
-      begin(readable([&] { return drawing::Drawing::open(full); }));
+  const DocumentObject document = begin(readable([&] { return drawing::Drawing::open(full); }));
   document->state()->read_only = read_only || is_write_protected(full);
   return document;
 }
 
 Session::DocumentObject Session::add(const std::optional<fs::path>& drawing_template) {
   if (drawing_template) require_file(*drawing_template);
-  const DocumentObject document = begin(
-      drawing_template ? readable([&] {
-        return drawing::Drawing::read(bytes_of(*drawing_template), drawing_template->string());
-      })
-                       : drawing::Drawing::empty());
+  const DocumentObject document = begin(drawing_template ? readable([&] {
+    return drawing::Drawing::read(bytes_of(*drawing_template), drawing_template->string());
+  })
+                                                         : drawing::Drawing::empty());
   document->state()->name_until_saved = "Drawing" + basic::general(++added_) + ".dwg";
   return document;
 }

@@ -88,9 +88,9 @@ Value Utility::get_entity(Arguments& arguments) {
 
 Point Utility::ask_point(Member method, const Question& question, const InputRules& rules,
                          Point from) {
-  document_->last_point = dialogue_.ask<Point>(method, question, rules, [&](const std::string& typed) {
-    return read_point_from(typed, from);
-  });
+  document_->last_point =
+      dialogue_.ask<Point>(method, question, rules,
+                           [&](const std::string& typed) { return read_point_from(typed, from); });
   return document_->last_point;
 }
 
@@ -131,13 +131,13 @@ double Utility::ask_measure(Arguments& arguments, QuestionKind kind, ReadNumber 
   if (!first) return number;
   const InputRules same_limits{rules.bits | InputRules::no_enter, {}};
   const Question second{QuestionKind::point, "\r\nSpecify second point: "};
-  return dialogue_.ask<double>(
-      arguments.method(), second, same_limits, [&](const std::string& typed) -> Reading<double> {
-        const Reading<Point> point = read_point_from(typed, *first);
-        if (!point.value) return {{}, point.refused};
-        document_->last_point = *point.value;
-        return allowed<double>(measure(*first, *point.value), rules, "");
-      });
+  return dialogue_.ask<double>(arguments.method(), second, same_limits,
+                               [&](const std::string& typed) -> Reading<double> {
+                                 const Reading<Point> point = read_point_from(typed, *first);
+                                 if (!point.value) return {{}, point.refused};
+                                 document_->last_point = *point.value;
+                                 return allowed<double>(measure(*first, *point.value), rules, "");
+                               });
 }
 
 Value Utility::get_distance(Arguments& arguments) {

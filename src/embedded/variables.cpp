@@ -50,8 +50,8 @@ void set_color(DocumentState& document, const Value& value) {
 }
 
 void set_linetype(DocumentState& document, const Value& value) {
-  document.variables["CELTYPE"] = require_linetype(
-      document.drawing, basic::convert<std::string>(value), LinetypeOf::entity);
+  document.variables["CELTYPE"] =
+      require_linetype(document.drawing, basic::convert<std::string>(value), LinetypeOf::entity);
 }
 
 void set_linetype_scale(DocumentState& document, const Value& value) {
@@ -117,18 +117,16 @@ constexpr std::array variables{
                return current_common(document).linetype_scale;
              },
              set_linetype_scale},
-    Variable{"CELTYPE",
-             [](const DocumentState& document) -> Value {
-               return current_common(document).linetype;
-             },
-             set_linetype},
+    Variable{
+        "CELTYPE",
+        [](const DocumentState& document) -> Value { return current_common(document).linetype; },
+        set_linetype},
     Variable{"CLAYER", layer_name, set_layer},
     Variable{"CTAB", layout_name, nullptr},
-    Variable{"DBMOD",
-             [](const DocumentState& document) -> Value {
-               return truth(document.drawing.is_changed());
-             },
-             nullptr},
+    Variable{
+        "DBMOD",
+        [](const DocumentState& document) -> Value { return truth(document.drawing.is_changed()); },
+        nullptr},
     Variable{"DWGNAME",
              [](const DocumentState& document) -> Value { return document_name(document); },
              nullptr},

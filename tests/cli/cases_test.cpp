@@ -1,6 +1,6 @@
-// Runs every folder of cases/: `cmd` is a shell script; `out` (or `out.json`, compared as JSON), `err`
-// and `code` are what it must write and end with. Without a file: nothing is written, the code is 0.
-// In the files, $CORPUS stands for the folder of drawings.
+// Runs every folder of cases/: `cmd` is a shell script; `out` (or `out.json`, compared as JSON),
+// `err` and `code` are what it must write and end with. Without a file: nothing is written, the
+// code is 0. In the files, $CORPUS stands for the folder of drawings.
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,8 @@ const fs::path cases = fs::path(VELMAR_CORPUS).parent_path() / "cli" / "cases";
 
 std::vector<std::string> names_of_cases() {
   std::vector<std::string> names;
-  for (const auto& folder : fs::directory_iterator(cases)) names.push_back(folder.path().filename());
+  for (const auto& folder : fs::directory_iterator(cases))
+    names.push_back(folder.path().filename());
   std::sort(names.begin(), names.end());
   return names;
 }

@@ -80,7 +80,8 @@ TEST_P(Facts, BlocksHaveTheirEntitiesCounted) {
 
 INSTANTIATE_TEST_SUITE_P(Corpus, Facts, testing::ValuesIn(names_of_facts()), [](const auto& info) {
   std::string name = info.param;
-  std::replace_if(name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
+  std::replace_if(
+      name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
   return name;
 });
 

@@ -32,10 +32,10 @@ std::string read_file(const fs::path& path) {
 Outcome run_script(const fs::path& script, const fs::path& folder) {
   const TemporaryFolder outputs;
   const fs::path out = outputs.path() / "out", err = outputs.path() / "err";
-  const std::string command = "cd '" + folder.string() + "' && CORPUS='" VELMAR_CORPUS
-                              "' PATH=\"$(dirname '" VELMAR_PROGRAM "'):$PATH\" bash '" +
-                              script.string() + "' >'" + out.string() + "' 2>'" + err.string() +
-                              "' </dev/null";
+  const std::string command =
+      "cd '" + folder.string() +
+      "' && CORPUS='" VELMAR_CORPUS "' PATH=\"$(dirname '" VELMAR_PROGRAM "'):$PATH\" bash '" +
+      script.string() + "' >'" + out.string() + "' 2>'" + err.string() + "' </dev/null";
   const int status = std::system(command.c_str());
   return {read_file(out), read_file(err), WIFEXITED(status) ? WEXITSTATUS(status) : -1};
 }

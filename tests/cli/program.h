@@ -25,7 +25,8 @@ class TemporaryFolder {
 
 std::string read_file(const std::filesystem::path& path);
 
-/// Runs a shell script in a folder. It finds the program as `velmar` and the drawings under $CORPUS.
+/// Runs a shell script in a folder. It finds the program as `velmar` and the drawings under
+/// $CORPUS.
 Outcome run_script(const std::filesystem::path& script, const std::filesystem::path& folder);
 
 }  // namespace velmar::cli

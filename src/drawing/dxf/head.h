@@ -34,15 +34,35 @@ class HeadCollector {
     } else if (code >= 1000) {
       complete_ = true;
     } else if (!in_group_) {
-      if (code == handle_code_ && head_.handle.empty()) head_.handle = text;
-      if (code == 330 && head_.owner.empty()) head_.owner = text;
-      if (code == 8 && head_.layer.empty()) head_.layer = text;
-      if (code == 62) head_.color = number();
-      if (code == 67) head_.in_paper_space = number() == 1;
+      take_field(code, text, number);
     }
   }
 
  private:
+  template <class Number>
+  void take_field(int code, std::string_view text, Number number) {
+    switch (code) {
+      case 5:
+      case 105:
+        if (code == handle_code_ && head_.handle.empty()) head_.handle = text;
+        return;
+      case 330:
+        if (head_.owner.empty()) head_.owner = text;
+        return;
+      case 8:
+        if (head_.layer.empty()) head_.layer = text;
+        return;
+      case 62:
+        head_.color = number();
+        return;
+      case 67:
+        head_.in_paper_space = number() == 1;
+        return;
+      default:
+        return;
+    }
+  }
+
   Head head_;
   int handle_code_;
   bool in_group_ = false;

@@ -59,7 +59,17 @@ Kind Structure::kind_of(std::string_view name) {
   });
 }
 
+/// Room for all records, as far as those that were read tell their number.
+void Structure::make_room(std::size_t offset) {
+  constexpr std::size_t enough_to_tell = 1024;
+  auto& records = store_.records;
+  if (records.size() != enough_to_tell) return;
+  const std::size_t per_record = std::max<std::size_t>(1, offset / enough_to_tell);
+  records.reserve(store_.source.bytes().size() / per_record * 9 / 8);
+}
+
 void Structure::begin(std::size_t offset, const Head& head) {
+  make_room(offset);
   kind_ = kind_of(head.kind);
   current_ = static_cast<RecordId>(store_.records.size());
   Record& record = store_.records.emplace_back();

@@ -30,6 +30,7 @@ class Structure {
  private:
   enum class Section { none, header, tables, blocks, entities, objects, other };
 
+  void make_room(std::size_t offset);
   Kind kind_of(std::string_view name);
   void begin_entity(Record& record, const Head& head);
   void end_section_start();

@@ -91,21 +91,39 @@ bool TextReader::first() {
   return at_ < bytes_.size() && !damage_;
 }
 
+/// Blanks, a group code and a line end, as all programs write it; -1 for anything else. `at` goes
+/// behind the line.
+std::int32_t TextReader::plain_code(const char*& at) const {
+  const char* const end = bytes_.data() + bytes_.size();
+  const char* p = at;
+  while (p != end && *p == ' ') ++p;
+  std::int32_t code = -1;
+  for (; p != end && *p >= '0' && *p <= '9' && code < 10'000; ++p) {
+    code = (code < 0 ? 0 : code * 10) + (*p - '0');
+  }
+  if (p != end && *p == '\r') ++p;
+  if (p == end || *p != line_end_) return -1;
+  at = p + 1;
+  return code;
+}
+
 bool TextReader::head(HeadCollector& collector) {
   begin_ = at_;
   if (at_ >= bytes_.size()) return false;
-  const Line code = line(at_);
-  const Line name = line(code.next);
-  at_ = name.next;
+  const Line name = line(line(at_).next);
   collector = HeadCollector(name.text);
+  const char* const end = bytes_.data() + bytes_.size();
+  const char* at = bytes_.data() + name.next;
   while (!collector.complete()) {
-    const Line code_line = line(at_);
-    const auto number = group_code(code_line.text);
-    if (!number || *number == 0 || !code_line.whole) break;
-    const Line value = line(code_line.next);
-    collector.take(*number, value.text, [&] { return leading_number(value.text); });
-    at_ = value.next;
+    const char* value = at;
+    const std::int32_t code = plain_code(value);
+    if (code <= 0) break;  // the next record, or a line to be looked at with care
+    const char* const stop = find_byte(value, end, line_end_);
+    const std::string_view text = trimmed(value, stop);
+    collector.take(code, text, [&] { return leading_number(text); });
+    at = stop == end ? end : stop + 1;
   }
+  at_ = static_cast<std::size_t>(at - bytes_.data());
   return true;
 }
 

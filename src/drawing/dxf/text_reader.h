@@ -34,6 +34,7 @@ class TextReader {
     bool whole = true;  // has a line end
   };
   Line line(std::size_t from) const;
+  std::int32_t plain_code(const char*& at) const;
   std::size_t careful(std::size_t from);
   std::size_t resynchronise(std::size_t from);
   bool record_begins(std::size_t at) const;

@@ -1,46 +1,64 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <unordered_map>
 
 namespace velmar::drawing::dxf {
 
-/// Remembers what some of the latest byte strings stand for (names of kinds and layers, owners), so
-/// that one that comes again costs a comparison. The views must outlive the cache.
+/// Remembers what byte strings stand for (names of kinds and layers, owners), so that one that came
+/// lately costs a few comparisons of whole words. The views must outlive the cache.
 template <class Meaning>
 class ViewCache {
  public:
   /// The meaning of `text`: remembered, or found by `look_up(text)`.
   template <class LookUp>
   Meaning get(std::string_view text, LookUp look_up) {
-    Slot& slot = slots_[slot_of(text)];
-    if (slot.text.size() != text.size() || slot.text.data() == nullptr ||
-        std::memcmp(slot.text.data(), text.data(), text.size()) != 0) {
-      slot = {text, look_up(text)};
+    const Key key = key_of(text);
+    Slot& slot = slots_[((key.head ^ (key.tail << 1) ^ text.size()) * 0x9E3779B97F4A7C15u) >>
+                        (64 - slot_bits)];
+    if (slot.key.head == key.head && slot.key.tail == key.tail && slot.text.size() == text.size() &&
+        (text.size() <= 16 || slot.text == text)) {
+      return slot.meaning;
     }
-    return slot.meaning;
+    const auto [known, is_new] = all_.try_emplace(text);
+    if (is_new) known->second = look_up(text);
+    if (!text.empty()) slot = {key, text, known->second};
+    return known->second;
   }
 
  private:
+  /// The first and the last eight bytes; for 16 bytes or less these and the length are all there is
+  /// to a text.
+  struct Key {
+    std::uint64_t head = 0, tail = 0;
+  };
   struct Slot {
-    std::string_view text;
+    Key key;
+    std::string_view text;  // empty: free
     Meaning meaning{};
   };
   static constexpr int slot_bits = 7;
 
-  static std::size_t slot_of(std::string_view text) {
-    std::uint64_t head = 0, tail = 0;
-    const std::size_t count = std::min(text.size(), sizeof head);
-    std::memcpy(&head, text.data(), count);
-    std::memcpy(&tail, text.data() + (text.size() - count), count);
-    const std::uint64_t mixed = (head ^ (tail << 1) ^ text.size()) * 0x9E3779B97F4A7C15u;
-    return static_cast<std::size_t>(mixed >> (64 - slot_bits));
+  template <class Word>
+  static std::uint64_t load(const char* at) {
+    Word word{};
+    std::memcpy(&word, at, sizeof word);
+    return word;
+  }
+  static Key key_of(std::string_view text) {
+    const char* const begin = text.data();
+    const char* const end = begin + text.size();
+    if (text.size() >= 8) return {load<std::uint64_t>(begin), load<std::uint64_t>(end - 8)};
+    if (text.size() >= 4) return {load<std::uint32_t>(begin), load<std::uint32_t>(end - 4)};
+    if (text.size() >= 2) return {load<std::uint16_t>(begin), load<std::uint16_t>(end - 2)};
+    return text.empty() ? Key{} : Key{load<std::uint8_t>(begin), 0};
   }
 
   std::array<Slot, 1 << slot_bits> slots_{};
+  std::unordered_map<std::string_view, Meaning> all_;
 };
 
 }  // namespace velmar::drawing::dxf
