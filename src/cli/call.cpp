@@ -82,6 +82,9 @@ ExitCode call_method(const CallOptions& options) {
     Run run(options.drawings, answers);
     if (options.saving.dry_run) run.protect_files();
     run.call(record);
+    if (!record.failure && run.answers_left() > 0) {
+      complain(std::to_string(run.answers_left()) + " of the answers were not asked for");
+    }
     save(run, options.saving, record);
   } catch (const drawing::Error& error) {
     record.drawing_failure = error.what();

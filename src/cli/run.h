@@ -26,6 +26,7 @@ class Run {
   /// Calls the record's method with its arguments and fills in what came of it.
   void call(CallRecord& record);
 
+  std::size_t answers_left() const { return input_.left(); }
   /// What is open now.
   std::vector<embedded::DocumentPointer> documents() const;
   /// Null where nothing is open.

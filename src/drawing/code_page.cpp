@@ -106,7 +106,7 @@ std::string CodePage::to_utf8(std::string_view bytes) const {
   std::string text;
   text.reserve(bytes.size() + bytes.size() / 2);
   while (!Converters::convert(converters_->to_utf8, bytes, text)) {
-    append_utf8(text, static_cast<unsigned char>(bytes.front()));
+    text += bytes.front();
     bytes.remove_prefix(1);
   }
   return text;
@@ -117,10 +117,8 @@ std::string CodePage::from_utf8(std::string_view text) const {
   std::string bytes;
   while (!Converters::convert(converters_->from_utf8, text, bytes)) {
     const char32_t character = take_character(text);
-    const bool is_control =
-        character >= 0x80 && character < 0xA0;  // a byte without meaning, see to_utf8
     const bool is_byte = character >= no_utf8 + 0x80 && character <= no_utf8 + 0xFF;
-    if (is_control || is_byte) {
+    if (is_byte) {
       bytes += static_cast<char>(character & 0xFF);
     } else {
       append_escape(bytes, character);

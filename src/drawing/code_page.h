@@ -15,7 +15,7 @@ class CodePage {
 
   bool is_utf8() const { return converters_ == nullptr; }
   bool known() const { return known_; }
-  /// A byte without meaning becomes the control character of its number.
+  /// A byte without meaning stays as it is, so that it can be written back.
   std::string to_utf8(std::string_view bytes) const;
   /// A character that the page cannot hold is written as `\U+XXXX`.
   std::string from_utf8(std::string_view text) const;

@@ -23,7 +23,15 @@ drawing::LayerId current_layer(const DocumentState& document) {
 }
 
 drawing::SpaceId paper_space(const drawing::Drawing& drawing) {
-  return drawing.find_space("*Paper_Space").value_or(drawing::SpaceId::none);
+  if (const auto named = drawing.find_space("*Paper_Space")) return *named;
+  for (std::uint32_t i = 1; i < drawing.spaces().size(); ++i) {
+    if (drawing.spaces()[i].is_layout) return static_cast<drawing::SpaceId>(i);
+  }
+  return drawing::SpaceId::none;
+}
+
+bool is_sheet(const drawing::Drawing& drawing, drawing::SpaceId space) {
+  return space == drawing::SpaceId::model || drawing.spaces()[index(space)].is_layout;
 }
 
 drawing::SpaceId current_space(const DocumentState& document) {

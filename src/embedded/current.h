@@ -11,6 +11,9 @@ drawing::LayerId current_layer(const DocumentState& document);
 
 /// Model space, or the paper space of the last active layout while TILEMODE is 0.
 drawing::SpaceId current_space(const DocumentState& document);
+/// None where the drawing has no sheet.
 drawing::SpaceId paper_space(const drawing::Drawing& drawing);
+/// Whether it is model space or the sheet of a layout, and no block definition.
+bool is_sheet(const drawing::Drawing& drawing, drawing::SpaceId space);
 
 }  // namespace velmar::embedded

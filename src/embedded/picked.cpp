@@ -30,11 +30,10 @@ Reading<Picked> by_handle(const DocumentState& document, drawing::Handle handle)
   if (id == RecordId::none) return {{}, "There is no object " + name + "."};
   if (drawing.record(id).is(Record::erased)) return {{}, "The object " + name + " was erased."};
   if (drawing.record(id).is(Record::part)) id = drawing.whole(id);
-  if (drawing.record(id).space == drawing::SpaceId::none) {
-    return {{}, "The object " + name + " is no entity."};
-  }
-  if (drawing.record(id).space != current_space(document)) {
-    return {{}, "The entity " + name + " is not in the current space."};
+  const drawing::SpaceId space = drawing.record(id).space;
+  if (space == drawing::SpaceId::none) return {{}, "The object " + name + " is no entity."};
+  if (!is_sheet(drawing, space)) {
+    return {{}, "The entity " + name + " belongs to a block definition."};
   }
   return {Picked{id, point_of(drawing, id)}, {}};
 }

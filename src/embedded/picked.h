@@ -9,7 +9,8 @@
 
 namespace velmar::embedded {
 
-// Entities that a typed answer points at, in the current space.
+// Entities that a typed answer points at: by handle in model space and on every sheet, otherwise in
+// the current space.
 
 /// What an answer was read as, or why it cannot be used.
 template <class T>

@@ -27,8 +27,9 @@ enum Mode { window = 0, crossing = 1, previous = 3, last = 4, all = 5 };
 std::vector<RecordId> all_drawn(const Drawing& drawing) {
   std::vector<RecordId> entities;
   for (std::size_t i = 0; i < drawing.spaces().size(); ++i) {
-    if (i != index(drawing::SpaceId::model) && !drawing.spaces()[i].is_layout) continue;
-    const auto drawn = drawing.entities(static_cast<drawing::SpaceId>(i));
+    const auto space = static_cast<drawing::SpaceId>(i);
+    if (!is_sheet(drawing, space)) continue;
+    const auto drawn = drawing.entities(space);
     entities.insert(entities.end(), drawn.begin(), drawn.end());
   }
   return entities;

@@ -51,7 +51,7 @@ TEST_P(Case, RunsAsWritten) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Program, Case, testing::ValuesIn(names_of_cases()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& test) { return test.param; });
 
 }  // namespace
 }  // namespace velmar::cli

@@ -37,49 +37,59 @@ json info_of(const std::string& file) {
   return json::parse(outcome.out);
 }
 
-class Facts : public testing::TestWithParam<std::string> {
- protected:
+// The other reader does not tell the layer of tables.
+constexpr const char* not_told = "?";
+
+/// Layers and blocks that the other reader adds where a file has none.
+bool may_be_added(const std::string& name) {
+  return name == "0" || name == "Defpoints" || name == "_CLOSEDFILLED";
+}
+
+std::map<std::string, json> by_name(const json& list) {
+  std::map<std::string, json> named;
+  for (const json& item : list) named[item["name"]] = item;
+  return named;
+}
+
+class Facts : public testing::TestWithParam<std::string> {};
+
+TEST_P(Facts, AreWhatInfoTells) {
   const json facts = read_json(fs::path(VELMAR_CORPUS) / "facts" / GetParam());
   const json info = info_of(facts["file"]);
-};
 
-TEST_P(Facts, ModelSpaceIsCountedByKindAndLayer) {
   EXPECT_EQ(info["entities"], facts["model_by_type"]);
-  std::map<std::string, json> expected;
-  for (const json& row : facts["model_by_layer_type"]) expected[row[0]][row[1]] = row[2];
-  std::map<std::string, json> counted;
-  for (const json& layer : info["layers"]) {
-    if (!layer["entities"].empty()) counted[layer["name"]] = layer["entities"];
-  }
-  EXPECT_EQ(counted, expected);
-}
 
-TEST_P(Facts, LayersAreListedInTableOrder) {
-  const json& table = facts["layer_table"];
-  ASSERT_GE(info["layers"].size(), table.size());
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    const json& layer = info["layers"][i];
-    const int color = table[i][1];
-    EXPECT_EQ(layer["name"], table[i][0]);
-    EXPECT_EQ(layer["color"], std::abs(color)) << layer["name"];
-    EXPECT_EQ(layer["on"], color >= 0) << layer["name"];
-    EXPECT_EQ(layer["linetype"], table[i][2]) << layer["name"];
+  const std::map<std::string, json> layers = by_name(info["layers"]);
+  for (const json& row : facts["model_by_layer_type"]) {
+    if (row[0] == not_told) continue;
+    EXPECT_EQ(layers.at(row[0])["entities"].value(row[1], 0), row[2]) << row;
   }
-}
 
-TEST_P(Facts, BlocksHaveTheirEntitiesCounted) {
-  std::map<std::string, json> counted;
-  for (const json& block : info["blocks"]) counted[block["name"]] = block;
+  std::size_t at = 0;
+  for (const json& row : facts["layer_table"]) {
+    if (!layers.contains(row[0]) && may_be_added(row[0])) continue;
+    const json& layer = layers.at(row[0]);
+    const int color = row[1];
+    EXPECT_EQ(layer["color"], std::abs(color)) << row;
+    EXPECT_EQ(layer["on"], color >= 0) << row;
+    EXPECT_EQ(layer["linetype"], row[2]) << row;
+    if (!may_be_added(row[0])) {
+      while (at < info["layers"].size() && info["layers"][at] != layer) ++at;
+    }
+    EXPECT_LT(at, info["layers"].size()) << row << " is not in the order of the table";
+  }
+
+  const std::map<std::string, json> blocks = by_name(info["blocks"]);
   for (const json& block : facts["blocks"]) {
     const std::string name = block["name"];
-    ASSERT_TRUE(counted.contains(name)) << name;
-    EXPECT_EQ(counted[name]["entities"], block["entities"]) << name;
-    EXPECT_EQ(counted[name]["xref"], block["isxref"]) << name;
+    if (!blocks.contains(name) && may_be_added(name)) continue;
+    EXPECT_EQ(blocks.at(name)["entities"], block["entities"]) << name;
+    EXPECT_EQ(blocks.at(name)["xref"], block["isxref"]) << name;
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Corpus, Facts, testing::ValuesIn(names_of_facts()), [](const auto& info) {
-  std::string name = info.param;
+INSTANTIATE_TEST_SUITE_P(Corpus, Facts, testing::ValuesIn(names_of_facts()), [](const auto& test) {
+  std::string name = test.param;
   std::replace_if(
       name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
   return name;

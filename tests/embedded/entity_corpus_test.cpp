@@ -1,5 +1,8 @@
 #include <filesystem>
+#include <map>
+#include <optional>
 
+#include "basic/strings.h"
 #include "embedded/entity_scene.h"
 
 // Properties of every entity of the corpus (tests/corpus/README.md).
@@ -37,12 +40,16 @@ bool put(host::Object& object, Member member, const Value& value) {
   return failure_of([&] { object.put(member, value); }) == 0;
 }
 
+/// Names come back as the drawing spells them.
 bool is_close(const Value& a, const Value& b) {
   const auto same = [](double x, double y) { return std::abs(x - y) <= 1e-9 + 1e-9 * std::abs(x); };
   if (a.is<double>() && b.is<double>()) return same(*a.if_is<double>(), *b.if_is<double>());
   if (const auto* x = a.if_is<basic::Doubles>()) {
     const auto* y = b.if_is<basic::Doubles>();
     return y && std::ranges::equal(*x, *y, same);
+  }
+  if (a.is<std::string>() && b.is<std::string>()) {
+    return basic::equal_ignoring_case(*a.if_is<std::string>(), *b.if_is<std::string>());
   }
   return a == b || a.is<basic::Reference>();
 }
