@@ -83,7 +83,7 @@ ExitCode call_method(const CallOptions& options) {
     if (options.saving.dry_run) run.protect_files();
     run.call(record);
     if (!record.failure && run.answers_left() > 0) {
-      complain(std::to_string(run.answers_left()) + " of the answers were not asked for");
+      complain("answers that were not asked for: " + std::to_string(run.answers_left()));
     }
     save(run, options.saving, record);
   } catch (const drawing::Error& error) {

@@ -58,6 +58,7 @@ std::string state_text(const drawing::LayerRow& layer) {
 }
 
 std::string layers_text(const std::vector<LayerSurvey>& layers) {
+  if (layers.empty()) return heading("layers", 0);
   TextTable table({Side::left, Side::right, Side::left, Side::right, Side::left});
   table.add({"name", "colour", "linetype", "entities", "state"});
   for (const LayerSurvey& layer : layers) {

@@ -41,8 +41,8 @@ std::vector<std::string_view> nearest_methods(std::string_view name) {
   for (const Method& method : methods()) {
     const std::string published = lower(method.name);
     const bool is_part = wanted.size() >= 3 && published.find(wanted) != std::string::npos;
-    const std::size_t far = is_part ? 1 : distance(wanted, published);
-    if (far <= tolerated) candidates.emplace_back(far, method.name);
+    const std::size_t far = distance(wanted, published);
+    if (is_part || far <= tolerated) candidates.emplace_back(far, method.name);
   }
   std::stable_sort(candidates.begin(), candidates.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });

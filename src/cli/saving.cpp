@@ -12,9 +12,13 @@ std::string target_of(const std::string& file, bool is_active, bool is_changed,
   return options.in_place && is_changed ? file : std::string();
 }
 
-void save_to(drawing::Drawing& drawing, const std::string& target, CallRecord& record) {
+void save_to(embedded::DocumentState& document, const std::string& target, CallRecord& record) {
   try {
-    drawing.save(target);
+    const bool in_place = record.drawings.back().drawing == target;
+    if (in_place && document.read_only) {
+      throw drawing::Error(target + ": is write-protected; give --output to save elsewhere");
+    }
+    document.drawing.save(target);
     record.drawings.back().saved_to = target;
   } catch (const drawing::Error& error) {
     if (record.drawing_failure) complain(*record.drawing_failure);
@@ -45,7 +49,7 @@ void save(const Run& run, const SavingOptions& options, CallRecord& record) {
     if (target.empty()) {
       tell_unsaved(file, options, record.failure.has_value());
     } else {
-      save_to(document->drawing, target, record);
+      save_to(*document, target, record);
     }
   }
 }

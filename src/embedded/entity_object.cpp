@@ -10,14 +10,15 @@ namespace velmar::embedded {
 using drawing::Record;
 
 Value EntityObject::get(Member member) {
-  return translated([&]() -> Value {
-    require_alive();
-    if (auto found = get_from_record(member)) return std::move(*found);
-    if (const auto* row = find_entity_property(record().kind, member)) return row->get(*this);
-    if (auto found = document_member(*document_, member)) return std::move(*found);
-    if (auto found = get_property(entity().body, member)) return std::move(*found);
-    throw unknown(member);
-  });
+  require_alive();
+  switch (member) {  // what every walk asks for
+    case Member::ObjectName:
+      return drawing().object_name(id_);
+    case Member::Layer:
+      return layer_name();
+    default:
+      return translated([&] { return get_other(member); });
+  }
 }
 
 void EntityObject::put(Member member, const Value& value) {
@@ -68,22 +69,17 @@ void EntityObject::require_unlocked() const {
   }
 }
 
-std::optional<Value> EntityObject::get_from_record(Member member) const {
-  switch (member) {
-    case Member::ObjectName:
-      return Value(drawing().object_name(id_));
-    case Member::Handle:
-      return Value(drawing::handle_text(record().handle));
-    case Member::Color:
-      return Value(std::int32_t{record().color});
-    case Member::Layer: {
-      const drawing::LayerId layer = record().layer;
-      if (layer == drawing::LayerId::none) return Value("0");
-      return Value(drawing().layer(layer).name);
-    }
-    default:
-      return std::nullopt;
-  }
+const std::string& EntityObject::layer_name() const {
+  static const std::string zero = "0";
+  const drawing::LayerId layer = record().layer;
+  return layer == drawing::LayerId::none ? zero : drawing().layer(layer).name;
+}
+
+Value EntityObject::get_other(Member member) const {
+  if (const auto* row = find_entity_property(record().kind, member)) return row->get(*this);
+  if (auto found = document_member(*document_, member)) return std::move(*found);
+  if (auto found = get_property(entity().body, member)) return std::move(*found);
+  throw unknown(member);
 }
 
 std::optional<Value> EntityObject::call_common(Member member, std::span<Value> values) {

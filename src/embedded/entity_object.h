@@ -36,6 +36,8 @@ class EntityObject final : public host::Object {
   /// "MTEXT"
   std::string kind() const { return std::string(drawing().kind_name(id_)); }
 
+  const std::string& layer_name() const;
+
   /// The decoded entity; the reference holds until the drawing's next edit.
   const drawing::Entity& entity() const { return decoded(); }
   void write(const drawing::Entity& entity) { drawing().write(id_, entity); }
@@ -49,7 +51,7 @@ class EntityObject final : public host::Object {
   drawing::Entity& decoded() const;
   void require_alive() const;
   void require_unlocked() const;
-  std::optional<Value> get_from_record(Member member) const;
+  Value get_other(Member member) const;
   std::optional<Value> call_common(Member member, std::span<Value> values);
   std::optional<Value> call_own(Member member, std::span<Value> values);
   basic::Failure unknown(Member member) const;

@@ -25,7 +25,7 @@ void change(EntityObject& entity, Change apply) {
   entity.write(changed);
 }
 
-Value get_layer(const EntityObject& entity) { return common(entity).layer; }
+Value get_layer(const EntityObject& entity) { return entity.layer_name(); }
 
 /// Kept: a locked layer may be the new one.
 void put_layer(EntityObject& entity, const Value& value) {

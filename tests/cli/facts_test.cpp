@@ -40,9 +40,9 @@ json info_of(const std::string& file) {
 // The other reader does not tell the layer of tables.
 constexpr const char* not_told = "?";
 
-/// Layers and blocks that the other reader adds where a file has none.
+/// Layers, and blocks of arrow heads, that the other reader adds where a file has none.
 bool may_be_added(const std::string& name) {
-  return name == "0" || name == "Defpoints" || name == "_CLOSEDFILLED";
+  return name == "0" || name == "Defpoints" || name.starts_with('_');
 }
 
 std::map<std::string, json> by_name(const json& list) {

@@ -177,6 +177,7 @@ TEST(EntityProperties, OfVerticesGoByIndex) {
   scene.call("34", Member::AddVertex, 1, basic::Doubles{2, -1});
   scene.put("34", Member::ConstantWidth, 0.25);
   scene.call("34", Member::SetWidth, 2, 1.0, 2.0);
+  scene.put("35", Member::Coordinates, basic::Doubles{0, 0, 99, 3, 4, 99});
   scene.call("35", Member::AppendVertex, at(9, 9, 9));
   const EntityScene saved = scene.saved();
   expect_value(saved.get("34", Member::Coordinates), basic::Doubles{0, 0, 2, -1, 4, 0, 4, 2}, "34");
@@ -189,6 +190,10 @@ TEST(EntityProperties, OfVerticesGoByIndex) {
   expect_value(width[2], 2.0, "end width");
   expect_value(saved.get("35", Member::Coordinates), basic::Doubles{0, 0, 5, 3, 4, 5, 9, 9, 5},
                "35");
+  const drawing::Entity heavy = saved.document->drawing.read(saved.document->drawing.find(0x35));
+  for (const auto& vertex : std::get<drawing::Polyline>(heavy.body).vertices) {
+    EXPECT_EQ(vertex.position.z, 5) << "the z of a 2D vertex is not taken";
+  }
   EXPECT_EQ(failure_of([&] { scene.call("34", Member::GetBulge, 4); }), -2145320939);
 }
 

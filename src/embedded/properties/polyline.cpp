@@ -200,7 +200,19 @@ std::span<const Property<Polyline>> properties(const Polyline&) { return propert
 std::span<const Method<Polyline>> methods(const Polyline&) { return method_rows; }
 
 bool hides(const Polyline& polyline, Member member) {
-  return !polyline.is_2d() && (member == Member::Thickness || member == Member::Normal);
+  const bool is_mesh = (polyline.flags & (Polyline::mesh_flag | Polyline::polyface_flag)) != 0;
+  switch (member) {
+    case Member::Thickness:
+    case Member::Normal:
+      return !polyline.is_2d();
+    case Member::Area:
+    case Member::Length:
+    case Member::Closed:
+    case Member::Type:
+      return is_mesh;
+    default:
+      return false;
+  }
 }
 
 }  // namespace velmar::embedded
