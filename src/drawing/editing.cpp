@@ -265,12 +265,8 @@ void Drawing::write(RecordId id, const Entity& entity) {
   if (entity.body.index() != empty_body(store_->at(id).kind).index()) {
     throw Error(store_->where(id, 0) + ": cannot become an entity of another kind");
   }
-  Entity named = entity;
-  // A layer that the file spells in other letter case stays as it is spelled there.
-  Common in_file;
-  read_record(*store_, id, in_file);
-  if (same_name(in_file.layer, named.common.layer)) named.common.layer = in_file.layer;
-  std::visit([&](const auto& body) { write_record(*store_, id, named.common, body); }, named.body);
+  std::visit([&](const auto& body) { write_record(*store_, id, entity.common, body); },
+             entity.body);
   follow_common(*store_, id, entity.common);
   if (std::holds_alternative<Polyline>(entity.body)) write_vertices(*store_, id, parts(id), entity);
 }

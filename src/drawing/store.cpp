@@ -1,28 +1,8 @@
 #include "drawing/store.h"
 
 #include <algorithm>
-#include <cwctype>
 
 namespace velmar::drawing {
-namespace {
-
-char32_t folded(char32_t character) {
-  if (character < 0x80) {
-    return character >= 'A' && character <= 'Z' ? character - 'A' + 'a' : character;
-  }
-  return static_cast<char32_t>(std::towlower(static_cast<wint_t>(character)));
-}
-
-}  // namespace
-
-bool same_name(std::string_view a, std::string_view b) {
-  if (a == b) return true;
-  while (!a.empty() && !b.empty()) {
-    if (folded(take_character(a)) != folded(take_character(b))) return false;
-  }
-  return a.empty() && b.empty();
-}
-
 std::string_view Store::source_bytes(std::size_t record) const {
   const std::size_t begin = records[record].begin;
   const std::size_t end =

@@ -6,6 +6,7 @@
 
 #include "drawing/drawing.h"
 #include "drawing/dxf/format.h"
+#include "drawing/name.h"
 #include "drawing/source.h"
 
 namespace velmar::drawing {
@@ -83,9 +84,5 @@ struct Store {
   RecordId add(RecordId before, Record record, std::string bytes);
   Handle give_handle(RecordId id);
 };
-
-/// Equal but for the case of ASCII letters, and of other letters as far as the C library knows
-/// them.
-bool same_name(std::string_view a, std::string_view b);
 
 }  // namespace velmar::drawing

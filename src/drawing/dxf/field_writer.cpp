@@ -3,8 +3,17 @@
 #include <algorithm>
 
 #include "drawing/dxf/field_reader.h"
+#include "drawing/name.h"
 
 namespace velmar::drawing::dxf {
+namespace {
+
+/// Groups 6, 7 and 8 name a linetype, a text style, a layer: the same in any letter case.
+bool is_same(int code, const std::string& present, const std::string& wanted) {
+  return present == wanted || (code >= 6 && code <= 8 && same_name(present, wanted));
+}
+
+}  // namespace
 
 FieldWriter::FieldWriter(const RecordTags& record, bool complete)
     : record_(record),
@@ -69,7 +78,7 @@ void FieldWriter::write(int code, std::int32_t value, bool omit) {
 void FieldWriter::write(int code, const std::string& value, bool omit) {
   if (const Tag* tag = range_.find(code)) {
     pass(*tag);
-    if (text_value(record_.bytes(), *tag, format_) == value) return;
+    if (is_same(code, text_value(record_.bytes(), *tag, format_), value)) return;
     return replace(*tag, text_bytes(value, format_));
   }
   if (omit) return;

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "drawing/dxf/lines.h"
+
 namespace velmar::drawing::dxf {
 namespace {
 
@@ -52,12 +54,8 @@ std::uint32_t binary_size(ValueKind kind) {
   }
 }
 
-bool is_blank(char c) { return c == ' ' || c == '\t'; }
-
 std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
-  return text;
+  return dxf::trimmed(text.data(), text.data() + text.size());
 }
 
 template <class T>
@@ -165,25 +163,25 @@ std::optional<std::int32_t> group_code(std::string_view line) {
 }
 
 bool TagCursor::next_text(Tag& tag) {
-  const auto line = [&](std::uint32_t from, std::uint32_t& line_end) {
-    const void* found = std::memchr(bytes_.data() + from, format_.line_end, bytes_.size() - from);
-    line_end = found ? static_cast<std::uint32_t>(static_cast<const char*>(found) - bytes_.data())
-                     : static_cast<std::uint32_t>(bytes_.size());
-    const bool carriage = line_end > from && bytes_[line_end - 1] == '\r';
-    return line_end - (carriage ? 1 : 0);
-  };
   if (at_ >= bytes_.size()) return stop(false);
-  std::uint32_t code_line_end = 0;
-  const std::uint32_t code_end = line(at_, code_line_end);
-  const auto code = group_code(bytes_.substr(at_, code_end - at_));
-  if (!code || code_line_end == bytes_.size()) return stop(true);
-  tag.code = *code;
+  const char* const start = bytes_.data();
+  const char* const end = start + bytes_.size();
+  const char* value = start + at_;
+  tag.code = take_plain_code(value, end, format_.line_end);
+  if (tag.code < 0) {
+    const char* const code_end = find_byte(value, end, format_.line_end);
+    const auto code = group_code(dxf::trimmed(value, code_end));
+    if (!code || code_end == end) return stop(true);
+    tag.code = *code;
+    value = code_end + 1;
+  }
+  const char* const line_end = find_byte(value, end, format_.line_end);
+  const bool carriage = line_end != value && line_end[-1] == '\r';
+  const auto offset = [start](const char* at) { return static_cast<std::uint32_t>(at - start); };
   tag.begin = at_;
-  tag.value = code_line_end + 1;
-  std::uint32_t value_line_end = tag.value;
-  tag.value_end = tag.value < bytes_.size() ? line(tag.value, value_line_end) : tag.value;
-  tag.next = std::min(value_line_end + 1, static_cast<std::uint32_t>(bytes_.size()));
-  at_ = tag.next;
+  tag.value = offset(value);
+  tag.value_end = offset(line_end) - (carriage ? 1 : 0);
+  tag.next = at_ = line_end == end ? offset(end) : offset(line_end) + 1;
   return true;
 }
 

@@ -1,41 +1,11 @@
 #include "drawing/dxf/text_reader.h"
 
-#include <cstring>
-
 #include "drawing/dxf/line_scan.h"
+#include "drawing/dxf/lines.h"
 #include "drawing/dxf/tag.h"
-
-#if defined(__SSE2__)
-#include <emmintrin.h>
-
-#include <bit>
-#endif
 
 namespace velmar::drawing::dxf {
 namespace {
-
-/// The first `wanted` in [from, end), or `end`. Lines of DXF are short: the first 16 bytes mostly
-/// have it.
-const char* find_byte(const char* from, const char* end, char wanted) {
-#if defined(__SSE2__)
-  if (end - from >= 16) {
-    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-    const int found = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)));
-    if (found != 0) return from + std::countr_zero(static_cast<unsigned>(found));
-    from += 16;
-  }
-#endif
-  const void* found = std::memchr(from, wanted, static_cast<std::size_t>(end - from));
-  return found ? static_cast<const char*>(found) : end;
-}
-
-bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
-
-std::string_view trimmed(const char* from, const char* end) {
-  while (from != end && is_blank(*from)) ++from;
-  while (from != end && is_blank(end[-1])) --end;
-  return {from, static_cast<std::size_t>(end - from)};
-}
 
 /// A record's name has letters; a group code never has. So this tells a group 0 from a value 0
 /// where the pairs of lines have got out of step.
@@ -91,32 +61,17 @@ bool TextReader::first() {
   return at_ < bytes_.size() && !damage_;
 }
 
-/// Blanks, a group code and a line end, as all programs write it; -1 for anything else. `at` goes
-/// behind the line.
-std::int32_t TextReader::plain_code(const char*& at) const {
-  const char* const end = bytes_.data() + bytes_.size();
-  const char* p = at;
-  while (p != end && *p == ' ') ++p;
-  std::int32_t code = -1;
-  for (; p != end && *p >= '0' && *p <= '9' && code < 10'000; ++p) {
-    code = (code < 0 ? 0 : code * 10) + (*p - '0');
-  }
-  if (p != end && *p == '\r') ++p;
-  if (p == end || *p != line_end_) return -1;
-  at = p + 1;
-  return code;
-}
-
 bool TextReader::head(HeadCollector& collector) {
   begin_ = at_;
   if (at_ >= bytes_.size()) return false;
-  const Line name = line(line(at_).next);
+  if (name_of_ != at_) name_ = line(line(at_).next);
+  const Line name = name_;
   collector = HeadCollector(name.text);
   const char* const end = bytes_.data() + bytes_.size();
   const char* at = bytes_.data() + name.next;
   while (!collector.complete()) {
     const char* value = at;
-    const std::int32_t code = plain_code(value);
+    const std::int32_t code = take_plain_code(value, end, line_end_);
     if (code <= 0) break;  // the next record, or a line to be looked at with care
     const char* const stop = find_byte(value, end, line_end_);
     const std::string_view text = trimmed(value, stop);
@@ -134,8 +89,9 @@ std::size_t TextReader::end_of_record() {
     const ScanStop stop = find_record(bytes_.data() + at_, end);
     at_ = static_cast<std::size_t>(stop.at - bytes_.data());
     if (!stop.unusual) {
-      const Line name = line(line(at_).next);
-      if (plausible_name(name.text)) return at_;
+      name_ = line(line(at_).next);
+      name_of_ = at_;
+      if (plausible_name(name_.text)) return at_;
     }
   }
   return at_ = careful(at_);

@@ -34,7 +34,6 @@ class TextReader {
     bool whole = true;  // has a line end
   };
   Line line(std::size_t from) const;
-  std::int32_t plain_code(const char*& at) const;
   std::size_t careful(std::size_t from);
   std::size_t resynchronise(std::size_t from);
   bool record_begins(std::size_t at) const;
@@ -43,6 +42,8 @@ class TextReader {
   std::size_t at_;  // a group code line
   char line_end_;
   std::size_t begin_ = 0;
+  Line name_;  // of the record that begins at name_of_
+  std::size_t name_of_ = std::string_view::npos;
   std::optional<Damage> damage_;
 };
 
