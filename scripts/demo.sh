@@ -3,8 +3,8 @@
 set -euo pipefail
 
 drawing=samples/detail.dxf
-pick=2F    # an entity of the layer whose lengths are summed
-erase=2F   # the entity that is erased
+pick=E0E0928    # a line; its layer is measured
+erase=E0E092E   # the line that is erased
 
 cd "$(dirname "$(readlink -f "$0")")/.."
 program=$(readlink -f "$1")

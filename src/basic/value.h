@@ -21,7 +21,8 @@ struct LeftOut {
   friend bool operator==(LeftOut, LeftOut) = default;
 };
 
-/// What a Value can refer to; a host's objects derive from it.
+/// What a Value can refer to. Objects of a host (host::Object) alone derive from it: whoever takes
+/// a Reference out of a Value relies on that.
 class Referenced {
  public:
   virtual ~Referenced() = default;

@@ -15,23 +15,14 @@ namespace {
 }  // namespace
 
 Empty Velmar16::RotateAllText(std::string, double, bool&) { not_built("RotateAllText"); }
-double Velmar16::MAX(Value&, Value&) { not_built("MAX"); }
-double Velmar16::MIN(Value&, Value&) { not_built("MIN"); }
 Empty Velmar16::Text(std::string&, Value&, Value&, double&, double&, std::string&, bool&,
                      std::int32_t&, std::string&) {
   not_built("Text");
 }
 Empty Velmar16::ReplaceT(std::string&, std::string&) { not_built("ReplaceT"); }
 Empty Velmar16::ReplaceTL(std::string&, std::string&, std::string&) { not_built("ReplaceTL"); }
-double Velmar16::Angle2P(Value&, Value&, Value&, double&) { not_built("Angle2P"); }
-double Velmar16::Dis(Value&, Value&) { not_built("Dis"); }
-double Velmar16::R(Value&, double&) { not_built("R"); }
-double Velmar16::RUP(Value&, double&) { not_built("RUP"); }
-double Velmar16::RDN(Value&, double&) { not_built("RDN"); }
 Empty Velmar16::AlignDonut() { not_built("AlignDonut"); }
 Empty Velmar16::OMove(std::string&, double&, bool&, double&, double&) { not_built("OMove"); }
-double Velmar16::Avr(Value&, Value&) { not_built("Avr"); }
-double Velmar16::DisP(Value&, Value&, bool&) { not_built("DisP"); }
 Empty Velmar16::Alignement() { not_built("Alignement"); }
 Empty Velmar16::AlignDimension() { not_built("AlignDimension"); }
 Empty Velmar16::ReplaceTag() { not_built("ReplaceTag"); }
@@ -48,7 +39,6 @@ Empty Velmar16::Replace(std::string&, bool&) { not_built("Replace"); }
 std::int16_t Velmar16::GetNOLayer(std::string) { not_built("GetNOLayer"); }
 std::int16_t Velmar16::GetNType(std::string) { not_built("GetNType"); }
 std::int16_t Velmar16::GetNTypeLayer(std::string, std::string) { not_built("GetNTypeLayer"); }
-double Velmar16::DisF(Value&, Value&) { not_built("DisF"); }
 Empty Velmar16::Hatch(Value&, Value&, Value&, double&) { not_built("Hatch"); }
 Empty Velmar16::HatchAligned(std::string&) { not_built("HatchAligned"); }
 Empty Velmar16::Sc(Value&, Value&, Value&, double&) { not_built("Sc"); }
@@ -56,14 +46,10 @@ Empty Velmar16::DimAL(Value&, Value&, Value&, double&, std::string&, bool&, doub
   not_built("DimAL");
 }
 Empty Velmar16::Mo2Lr(double&, std::string&, std::string&) { not_built("Mo2Lr"); }
-std::int16_t Velmar16::Bt(Value&, Value&, Value&) { not_built("Bt"); }
 Empty Velmar16::TextBar(Value&, double&, Value&, Value&, std::int16_t&, Value&, Value&,
                         std::string&) {
   not_built("TextBar");
 }
-double Velmar16::ArcSin(double&) { not_built("ArcSin"); }
-double Velmar16::ArcCos(double&) { not_built("ArcCos"); }
-std::string Velmar16::GetFolder(std::string&) { not_built("GetFolder"); }
 Empty Velmar16::ReplaceLineByType() { not_built("ReplaceLineByType"); }
 Empty Velmar16::Hatch_Layer(std::string&) { not_built("Hatch_Layer"); }
 Empty Velmar16::Dim_Layer(std::string&) { not_built("Dim_Layer"); }
@@ -73,8 +59,6 @@ Empty Velmar16::ScaleXY(double&, double&) { not_built("ScaleXY"); }
 Empty Velmar16::FolderDwgDxf(std::string&) { not_built("FolderDwgDxf"); }
 Empty Velmar16::FolderDGN(std::string&) { not_built("FolderDGN"); }
 Empty Velmar16::FolderDxfDwg(std::string&) { not_built("FolderDxfDwg"); }
-std::int16_t Velmar16::GetNs(std::string&) { not_built("GetNs"); }
-std::string Velmar16::GetFileName(std::string&) { not_built("GetFileName"); }
 Empty Velmar16::DelFilNam(std::string&, std::string&, std::string&) { not_built("DelFilNam"); }
 Empty Velmar16::ChangeLetterCase() { not_built("ChangeLetterCase"); }
 std::int16_t Velmar16::CountInText() { not_built("CountInText"); }
@@ -89,10 +73,6 @@ Empty Velmar16::ColorToLayer(std::int32_t&, std::string&, std::string&) {
   not_built("ColorToLayer");
 }
 Empty Velmar16::MLayer(std::string&, std::int32_t&) { not_built("MLayer"); }
-std::string Velmar16::UpperCase(std::string&) { not_built("UpperCase"); }
-std::string Velmar16::LowerCase(std::string&) { not_built("LowerCase"); }
-std::string Velmar16::TitleCase(std::string&) { not_built("TitleCase"); }
-std::string Velmar16::ReverseCase(std::string&) { not_built("ReverseCase"); }
 Empty Velmar16::ExplodeBlock() { not_built("ExplodeBlock"); }
 Empty Velmar16::DeleteBlock() { not_built("DeleteBlock"); }
 Empty Velmar16::ZoomLayouts() { not_built("ZoomLayouts"); }

@@ -117,8 +117,11 @@ class Drawing {
   // Entities. Fails where a value is no number (the message names line and handle).
   Entity read(RecordId id) const;
   Common read_common(RecordId id) const;
+  Body read_body(RecordId id) const;
   /// Brings the record to these values; bytes of values that stay the same are not touched.
   void write(RecordId id, const Entity& entity);
+  void write_common(RecordId id, const Common& common);
+  void write_body(RecordId id, const Body& body);
   /// Adds at the end of a space. An ATTRIB cannot be added alone.
   RecordId add(SpaceId space, const Entity& entity);
   void erase(RecordId id);

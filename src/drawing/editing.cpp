@@ -203,8 +203,7 @@ void mark_erased(Store& store, RecordId id) {
 /// Writes the vertices of a polyline into its VERTEX records; adds or erases some at the end where
 /// the number differs.
 void write_vertices(Store& store, RecordId id, const std::vector<RecordId>& parts,
-                    const Entity& entity) {
-  const auto& polyline = std::get<Polyline>(entity.body);
+                    const Polyline& polyline) {
   for (std::size_t i = 0; i < std::min(parts.size(), polyline.vertices.size()); ++i) {
     write_record(store, parts[i], polyline.vertices[i]);
   }
@@ -213,12 +212,14 @@ void write_vertices(Store& store, RecordId id, const std::vector<RecordId>& part
     mark_erased(store, parts[i]);
   }
   RecordId behind = store.next(parts.empty() ? id : parts.back());
-  const Record& whole = store.at(id);
+  const Record whole = store.at(id);
+  Common common;
+  common.layer = store.layers[index(whole.layer)].name;
   const bool owned_by_polyline = store.format.has_subclasses();
   const Place place{behind, whole.space,
                     owned_by_polyline ? std::optional(whole.handle) : std::nullopt, false};
   for (std::size_t i = parts.size(); i < polyline.vertices.size(); ++i) {
-    add_vertex(store, place, entity.common, polyline.vertices[i], polyline.is_2d());
+    add_vertex(store, place, common, polyline.vertices[i], polyline.is_2d());
   }
 }
 
@@ -241,18 +242,7 @@ Polyline heavy(const LwPolyline& light) {
 
 }  // namespace
 
-Entity Drawing::read(RecordId id) const {
-  Entity entity;
-  entity.body = empty_body(store_->at(id).kind);
-  std::visit([&](auto& body) { read_record(*store_, id, entity.common, body); }, entity.body);
-  entity.common.layer = layer(store_->at(id).layer).name;
-  if (auto* polyline = std::get_if<Polyline>(&entity.body)) {
-    for (const RecordId part : parts(id)) {
-      read_record(*store_, part, polyline->vertices.emplace_back());
-    }
-  }
-  return entity;
-}
+Entity Drawing::read(RecordId id) const { return {read_common(id), read_body(id)}; }
 
 Common Drawing::read_common(RecordId id) const {
   Common common;
@@ -261,14 +251,35 @@ Common Drawing::read_common(RecordId id) const {
   return common;
 }
 
+Body Drawing::read_body(RecordId id) const {
+  Body body = empty_body(store_->at(id).kind);
+  std::visit([&](auto& shape) { read_record(*store_, id, shape); }, body);
+  if (auto* polyline = std::get_if<Polyline>(&body)) {
+    for (const RecordId part : parts(id)) {
+      read_record(*store_, part, polyline->vertices.emplace_back());
+    }
+  }
+  return body;
+}
+
 void Drawing::write(RecordId id, const Entity& entity) {
-  if (entity.body.index() != empty_body(store_->at(id).kind).index()) {
+  write_body(id, entity.body);
+  write_common(id, entity.common);
+}
+
+void Drawing::write_common(RecordId id, const Common& common) {
+  write_record(*store_, id, common);
+  follow_common(*store_, id, common);
+}
+
+void Drawing::write_body(RecordId id, const Body& body) {
+  if (body.index() != empty_body(store_->at(id).kind).index()) {
     throw Error(store_->where(id, 0) + ": cannot become an entity of another kind");
   }
-  std::visit([&](const auto& body) { write_record(*store_, id, entity.common, body); },
-             entity.body);
-  follow_common(*store_, id, entity.common);
-  if (std::holds_alternative<Polyline>(entity.body)) write_vertices(*store_, id, parts(id), entity);
+  std::visit([&](const auto& shape) { write_record(*store_, id, shape); }, body);
+  if (const auto* polyline = std::get_if<Polyline>(&body)) {
+    write_vertices(*store_, id, parts(id), *polyline);
+  }
 }
 
 RecordId Drawing::add(SpaceId space, const Entity& entity) {

@@ -14,7 +14,7 @@ struct HandleIndex {
       duplicates;  // records whose handle an earlier record has; not in `order`
 };
 
-/// Linear in the records: a radix sort by handle that keeps the order of equal ones.
+/// Linear in the records. Of equal handles the first record has it.
 HandleIndex index_handles(const std::vector<Record>& records);
 
 }  // namespace velmar::drawing

@@ -2,7 +2,6 @@
 #include <array>
 
 #include "drawing/drawing.h"
-#include "drawing/dxf/field_reader.h"
 #include "drawing/dxf/record_tags.h"
 #include "drawing/store.h"
 
@@ -39,11 +38,44 @@ std::string last_marker(const dxf::RecordTags& record) {
   return marker;
 }
 
-bool is_array(const dxf::RecordTags& record) {
-  Insert insert;
-  dxf::FieldReader reader(record);
-  fields(reader, insert);
-  return insert.is_array();
+/// Whether an INSERT has more than one column or row. Inserts are many: no list of tags is made.
+bool is_array(std::string_view bytes, const dxf::Format& format) {
+  dxf::TagCursor cursor(bytes, format);
+  dxf::Tag tag;
+  bool in_group = false;
+  while (cursor.next(tag) && tag.code < 1000) {
+    if (tag.code == 102) in_group = tag.text(bytes).starts_with('{');
+    const bool counts = (tag.code == 70 || tag.code == 71) && !in_group;
+    if (counts && dxf::integer_value(bytes, tag, format).value_or(0) > 1) return true;
+  }
+  return false;
+}
+
+/// The class of a record whose kind does not tell it.
+std::string class_of(const Store& store, RecordId id) {
+  const Record& entity = store.at(id);
+  if (entity.kind == Kind::insert) {
+    return is_array(store.bytes(id), store.format) ? "AcDbMInsertBlock" : "AcDbBlockReference";
+  }
+  const dxf::RecordTags record(store.bytes(id), store.format);
+  if (entity.kind == Kind::polyline) return std::string(polyline_class(flags_of(record)));
+  if (entity.kind == Kind::dimension && !record.has_markers()) {
+    const auto type = static_cast<std::size_t>(flags_of(record) & 7);
+    return std::string(dimension_classes[std::min(type, dimension_classes.size() - 1)]);
+  }
+  if (entity.kind == Kind::vertex && !record.has_markers()) return "AcDb2dVertex";
+  const std::string marker = last_marker(record);
+  return marker.empty() ? "AcDbEntity" : marker;
+}
+
+/// The number under which a class is remembered; 0 when there are too many.
+std::uint16_t number_of(std::vector<std::string>& names, const std::string& name) {
+  const auto known = std::find(names.begin(), names.end(), name);
+  const auto number = static_cast<std::size_t>(known - names.begin()) + 1;
+  constexpr std::size_t most = 1000;
+  if (number > most) return 0;
+  if (known == names.end()) names.push_back(name);
+  return static_cast<std::uint16_t>(number);
 }
 
 }  // namespace
@@ -53,18 +85,10 @@ std::string Drawing::object_name(RecordId id) const {
   if (const std::string_view fixed = class_name(entity.kind); !fixed.empty()) {
     return std::string(fixed);
   }
-  const dxf::RecordTags record(store_->bytes(id), store_->format);
-  if (entity.kind == Kind::polyline) return std::string(polyline_class(flags_of(record)));
-  if (entity.kind == Kind::insert) {
-    return is_array(record) ? "AcDbMInsertBlock" : "AcDbBlockReference";
-  }
-  if (entity.kind == Kind::dimension && !record.has_markers()) {
-    const auto type = static_cast<std::size_t>(flags_of(record) & 7);
-    return std::string(dimension_classes[std::min(type, dimension_classes.size() - 1)]);
-  }
-  if (entity.kind == Kind::vertex && !record.has_markers()) return "AcDb2dVertex";
-  const std::string marker = last_marker(record);
-  return marker.empty() ? "AcDbEntity" : marker;
+  if (entity.class_number != 0) return store_->class_names[entity.class_number - 1u];
+  std::string name = class_of(*store_, id);
+  entity.class_number = number_of(store_->class_names, name);
+  return name;
 }
 
 }  // namespace velmar::drawing

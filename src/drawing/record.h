@@ -39,6 +39,8 @@ struct Record {
   Kind kind{};
   std::int16_t color = 256;
   std::uint16_t flags = 0;
+  mutable std::uint16_t class_number =
+      0;  // of Drawing::object_name, where it depends on the record; 0: not known yet
 
   bool is(Flag flag) const { return (flags & flag) != 0; }
 };

@@ -57,16 +57,17 @@ RecordId Store::whole(RecordId part) const {
 void Store::patch(RecordId id, std::string bytes) {
   const auto number = static_cast<std::uint32_t>(id);
   Record& record = at(id);
+  record.class_number = 0;
   ++edition;
   if (!record.is(Record::added)) {
     record.flags |= Record::patched;
-    touched.insert(number);
+    touched.insert(touched.end(), number);  // mostly in ascending order
   }
   patches[number] = std::move(bytes);
   const bool is_entity = record.space != SpaceId::none;
   const RecordId shown = record.kind == Kind::vertex ? whole(id) : id;
   if (is_entity && !added_since_save.contains(static_cast<std::uint32_t>(shown))) {
-    modified_since_save.insert(static_cast<std::uint32_t>(shown));
+    modified_since_save.insert(modified_since_save.end(), static_cast<std::uint32_t>(shown));
   }
 }
 

@@ -13,7 +13,7 @@ using drawing::RecordId;
 using drawing::Space;
 
 const Space* definition(const EntityObject& entity) {
-  const auto& insert = std::get<drawing::Insert>(entity.entity().body);
+  const auto& insert = std::get<drawing::Insert>(entity.body());
   const auto found = entity.drawing().find_space(insert.block);
   return found ? &entity.drawing().spaces()[index(*found)] : nullptr;
 }
@@ -38,7 +38,7 @@ Value effective_name(const EntityObject& entity) {
   const Space* block = definition(entity);
   const Space* original =
       block && block->name.starts_with("*U") ? made_from(entity.drawing(), *block) : nullptr;
-  return original ? original->name : std::get<drawing::Insert>(entity.entity().body).block;
+  return original ? original->name : std::get<drawing::Insert>(entity.body()).block;
 }
 
 /// Of an external reference alone.

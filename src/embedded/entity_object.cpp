@@ -29,9 +29,9 @@ void EntityObject::put(Member member, const Value& value) {
       if (!row->put) throw no_such_member(member);
       return row->put(*this, value);
     }
-    drawing::Entity changed = entity();
-    if (!put_property(drawing(), changed.body, member, value)) throw unknown(member);
-    write(changed);
+    drawing::Body changed = body();
+    if (!put_property(drawing(), changed, member, value)) throw unknown(member);
+    drawing().write_body(id_, changed);
   });
 }
 
@@ -49,12 +49,12 @@ std::unique_ptr<host::Enumerator> EntityObject::enumerate() {
   throw basic::Failure(basic::no_such_member);
 }
 
-drawing::Entity& EntityObject::decoded() const {
+drawing::Body& EntityObject::decoded() const {
   const std::uint64_t edition = drawing().edition();
   if (!decoded_ || decoded_->edition != edition) {
-    decoded_ = std::make_unique<Decoded>(Decoded{drawing().read(id_), edition});
+    decoded_ = std::make_unique<Decoded>(Decoded{drawing().read_body(id_), edition});
   }
-  return decoded_->entity;
+  return decoded_->body;
 }
 
 void EntityObject::require_alive() const {
@@ -78,7 +78,7 @@ const std::string& EntityObject::layer_name() const {
 Value EntityObject::get_other(Member member) const {
   if (const auto* row = find_entity_property(record().kind, member)) return row->get(*this);
   if (auto found = document_member(*document_, member)) return std::move(*found);
-  if (auto found = get_property(entity().body, member)) return std::move(*found);
+  if (auto found = get_property(body(), member)) return std::move(*found);
   throw unknown(member);
 }
 
@@ -91,13 +91,13 @@ std::optional<Value> EntityObject::call_common(Member member, std::span<Value> v
 }
 
 std::optional<Value> EntityObject::call_own(Member member, std::span<Value> values) {
-  const auto effect = method_effect(entity().body, member, values.size());
+  const auto effect = method_effect(body(), member, values.size());
   if (!effect) return std::nullopt;
   if (*effect == Effect::changes) require_unlocked();
-  if (*effect == Effect::reads) return call_method(decoded().body, member, values);
-  drawing::Entity changed = entity();
-  Value result = call_method(changed.body, member, values);
-  write(changed);
+  if (*effect == Effect::reads) return call_method(decoded(), member, values);
+  drawing::Body changed = body();
+  Value result = call_method(changed, member, values);
+  drawing().write_body(id_, changed);
   return result;
 }
 

@@ -38,17 +38,16 @@ class EntityObject final : public host::Object {
 
   const std::string& layer_name() const;
 
-  /// The decoded entity; the reference holds until the drawing's next edit.
-  const drawing::Entity& entity() const { return decoded(); }
-  void write(const drawing::Entity& entity) { drawing().write(id_, entity); }
+  /// The decoded body; the reference holds until the drawing's next edit.
+  const drawing::Body& body() const { return decoded(); }
 
  private:
   struct Decoded {
-    drawing::Entity entity;
+    drawing::Body body;
     std::uint64_t edition;
   };
 
-  drawing::Entity& decoded() const;
+  drawing::Body& decoded() const;
   void require_alive() const;
   void require_unlocked() const;
   Value get_other(Member member) const;

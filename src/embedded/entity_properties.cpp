@@ -20,9 +20,9 @@ Common common(const EntityObject& entity) { return entity.drawing().read_common(
 
 template <class Change>
 void change(EntityObject& entity, Change apply) {
-  drawing::Entity changed = entity.entity();
-  apply(changed.common);
-  entity.write(changed);
+  Common changed = common(entity);
+  apply(changed);
+  entity.drawing().write_common(entity.id(), changed);
 }
 
 Value get_layer(const EntityObject& entity) { return entity.layer_name(); }

@@ -93,18 +93,18 @@ constexpr std::array rows{
 
 void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
   drawing::Drawing& drawing = entity.drawing();
-  std::vector<std::pair<RecordId, drawing::Entity>> moved{{entity.id(), entity.entity()}};
-  if (std::holds_alternative<drawing::Insert>(moved.front().second.body)) {
+  std::vector<std::pair<RecordId, drawing::Body>> moved{{entity.id(), entity.body()}};
+  if (std::holds_alternative<drawing::Insert>(moved.front().second)) {
     for (const RecordId part : drawing.parts(entity.id())) {
-      moved.emplace_back(part, drawing.read(part));
+      moved.emplace_back(part, drawing.read_body(part));
     }
   }
-  for (auto& [id, each] : moved) {
-    if (!transform_body(each.body, matrix)) {
+  for (auto& [id, body] : moved) {
+    if (!transform_body(body, matrix)) {
       throw not_supported(std::string(host::spelling(what)) + " of " + entity.kind());
     }
   }
-  for (const auto& [id, each] : moved) drawing.write(id, each);
+  for (const auto& [id, body] : moved) drawing.write_body(id, body);
 }
 
 Matrix mirror_line(Point first, Point second) {

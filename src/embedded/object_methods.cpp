@@ -22,7 +22,7 @@ Value get_bounding_box(EntityObject& entity, Arguments& arguments) {
   if (!box) {
     const drawing::Kind kind = entity.record().kind;
     const bool is_endless = kind == drawing::Kind::ray || kind == drawing::Kind::xline;
-    const bool is_opaque = std::holds_alternative<drawing::Opaque>(entity.entity().body);
+    const bool is_opaque = std::holds_alternative<drawing::Opaque>(entity.body());
     if (is_opaque && !is_endless) throw not_supported("GetBoundingBox of " + entity.kind());
     throw failure(HostError::invalid_extents);
   }
@@ -52,7 +52,7 @@ Value intersect_with(EntityObject& entity, Arguments& arguments) {
   if (extend < 0 || extend > 3) throw failure(HostError::invalid_input);
   constexpr std::int32_t extend_this = 1, extend_other = 2;
   const auto curve_of = [](const EntityObject& object, bool extended) {
-    auto curve = curve_pieces(object.entity().body, extended);
+    auto curve = curve_pieces(object.body(), extended);
     if (!curve) throw not_supported("IntersectWith of " + object.kind());
     return *curve;
   };

@@ -36,7 +36,7 @@ bool offset_body(Body& body, double distance, const std::string& kind) {
 Value offset_entity(EntityObject& entity, Arguments& arguments) {
   const double distance = arguments.number(0);
   if (distance == 0) throw failure(HostError::invalid_input);
-  drawing::Entity moved = entity.entity();
+  drawing::Entity moved = entity.drawing().read(entity.id());
   if (!offset_body(moved.body, distance, entity.kind())) throw failure(HostError::invalid_input);
   const auto added = entity.drawing().add(entity.record().space, moved);
   return basic::List{make_entity(entity.document(), added)};

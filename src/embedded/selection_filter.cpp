@@ -24,8 +24,8 @@ bool kind_passes(const Drawing& drawing, RecordId id, const Value& value) {
 
 bool block_passes(const Drawing& drawing, RecordId id, const Value& value) {
   if (drawing.record(id).kind != drawing::Kind::insert) return false;
-  const drawing::Entity entity = drawing.read(id);
-  return name_matches(value, std::get<drawing::Insert>(entity.body).block);
+  const drawing::Body body = drawing.read_body(id);
+  return name_matches(value, std::get<drawing::Insert>(body).block);
 }
 
 bool layer_passes(const Drawing& drawing, RecordId id, const Value& value) {

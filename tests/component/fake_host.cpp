@@ -27,6 +27,10 @@ std::string handle_of(const Bag& entity) { return basic::text(entity->get(Member
 
 FakeDocument::FakeDocument() {
   object->properties[Member::ModelSpace] = model_space_;
+  model_space_->methods[Member::AddLine] = [this](Arguments) {
+    return add("AcDbLine", "0",
+               {{Member::Length, 5.0}, {Member::Angle, 0.0}, {Member::Visible, true}});
+  };
   object->methods[Member::HandleToObject] = [this](Arguments arguments) -> Value {
     for (const Bag& entity : entities) {
       if (handle_of(entity) == basic::text(arguments[0])) return entity;

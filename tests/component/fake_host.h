@@ -18,7 +18,8 @@ using host::Member;
 inline constexpr std::int32_t pick_failed = -2147352567, unknown_handle = -2145386484,
                               set_exists = -2145320851, key_not_found = -2145386476;
 
-/// One open drawing: entities as bags of members, scripted picks, what was asked and said.
+/// One open drawing: entities as bags of members, scripted picks, what was asked and said. Lines
+/// added to model space are 5 long.
 class FakeDocument {
  public:
   FakeDocument();

@@ -15,8 +15,14 @@ struct Case {
 };
 
 const Case cases[] = {
-    {"GetBRec", {"10", "PLW"}}, {"Del", {"10"}},      {"GetC", {"10"}}, {"IDLast", {}},
-    {"GetTotalLength", {}},     {"GetTotalArea", {}},
+    {"GetBRec", {"10", "PLW"}},
+    {"Del", {"10"}},
+    {"GetC", {"10"}},
+    {"IDLast", {}},
+    {"GetTotalLength", {}},
+    {"GetTotalArea", {}},
+    {"Angle2P", {0.0, 0.0, 3.0, 4.0}},
+    {"DisP", {basic::Doubles{0, 0, 0}, basic::Doubles{3, 4, 0}}},
 };
 
 struct Scene {

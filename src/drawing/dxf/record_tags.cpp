@@ -4,6 +4,8 @@ namespace velmar::drawing::dxf {
 
 RecordTags::RecordTags(std::string_view bytes, const Format& format)
     : bytes_(bytes), format_(format) {
+  constexpr std::size_t ordinary = 96;
+  tags_.reserve(ordinary);
   TagCursor cursor(bytes, format);
   Tag tag;
   bool in_group = false;

@@ -31,7 +31,7 @@ class RecordTags {
  private:
   std::string_view bytes_;
   const Format& format_;
-  std::array<std::byte, 4096> buffer_;
+  std::array<std::byte, 4096> buffer_;  // of memory_
   std::pmr::monotonic_buffer_resource memory_{buffer_.data(), buffer_.size()};
   std::pmr::vector<Tag> tags_{&memory_};
   std::size_t xdata_ = 0;
