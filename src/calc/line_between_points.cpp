@@ -26,7 +26,7 @@ double Velmar16::DisP(Value& startPoint, Value& EndPoint, bool& Visibility) {
   const double length = line.Length();
   line.Angle();  // Kept: as the length above.
   if (!Visibility) {
-
+    line.Visible(false);
     line.Delete();
   }
   return length;
