@@ -1,4 +1,5 @@
-// The job of drawing_job.cpp with dime: open, sum lines and arcs of one layer, turn the texts of another, save.
+// The job of drawing_job.cpp with dime: open, sum lines and arcs of one layer, turn the texts of
+// another, save.
 //
 //   dime_job DRAWING.dxf SUM_LAYER TEXT_LAYER [ROUNDS]
 
@@ -45,7 +46,8 @@ bool visit(const dimeState* state, dimeEntity* entity, void* data) {
     double sweep = std::fmod(arc->getEndAngle() - arc->getStartAngle(), 360.0);
     if (sweep <= 0) sweep += 360;
     job.length += sweep * M_PI / 180 * arc->getRadius();
-  } else if (std::strcmp(entity->getEntityName(), "TEXT") == 0 && std::strcmp(layer, job.text_layer) == 0) {
+  } else if (std::strcmp(entity->getEntityName(), "TEXT") == 0 &&
+             std::strcmp(layer, job.text_layer) == 0) {
     dimeParam rotation;
     const bool has = entity->getRecord(50, rotation);
     rotation.double_data = (has ? rotation.double_data : 0) + 0.25 * 180 / M_PI;
@@ -76,10 +78,12 @@ int main(int count, char** arguments) {
     if (!output.setFilename(saved.c_str()) || !model.write(&output)) return 1;
     const double save = seconds_since(begin);
     const double all = load + work + save;
-    std::printf("load %.1f ms (%.0f MB/s), sum and turn %.1f ms, save %.1f ms (%.0f MB/s), job %.1f ms (%.0f MB/s); "
-                "length %.3f, %d texts\n",
-                load * 1e3, megabytes / load, work * 1e3, save * 1e3, megabytes / save, all * 1e3, megabytes / all,
-                job.length, job.texts);
+    std::printf(
+        "load %.1f ms (%.0f MB/s), sum and turn %.1f ms, save %.1f ms (%.0f MB/s), job %.1f ms "
+        "(%.0f MB/s); "
+        "length %.3f, %d texts\n",
+        load * 1e3, megabytes / load, work * 1e3, save * 1e3, megabytes / save, all * 1e3,
+        megabytes / all, job.length, job.texts);
     std::filesystem::remove(saved);
   }
 }

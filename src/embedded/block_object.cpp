@@ -4,6 +4,7 @@
 #include "embedded/collection.h"
 #include "embedded/document_members.h"
 #include "embedded/entity_object.h"
+#include "embedded/entity_walk.h"
 #include "embedded/object_ids.h"
 
 namespace velmar::embedded {
@@ -40,13 +41,7 @@ Value BlockObject::call(Member member, std::span<Value> values) {
 
 std::unique_ptr<host::Enumerator> BlockObject::enumerate() {
   require_open(*document_);
-  return walk(document_->drawing.entities(id_),
-              [document = document_](RecordId id) -> std::optional<Value> {
-                if (document->closed || document->drawing.record(id).is(Record::erased)) {
-                  return std::nullopt;
-                }
-                return Value(make_entity(document, id));
-              });
+  return std::make_unique<EntityWalk>(document_, document_->drawing.entities(id_));
 }
 
 const drawing::Space& BlockObject::space() const { return document_->drawing.spaces()[index(id_)]; }

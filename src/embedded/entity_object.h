@@ -29,6 +29,12 @@ class EntityObject final : public host::Object {
   Value call(Member member, std::span<Value> arguments) override;
   std::unique_ptr<host::Enumerator> enumerate() override;
 
+  /// Becomes another entity's object; for a walk.
+  void stand_for(drawing::RecordId id) {
+    id_ = id;
+    decoded_.reset();
+  }
+
   const DocumentPointer& document() const { return document_; }
   drawing::Drawing& drawing() const { return document_->drawing; }
   drawing::RecordId id() const { return id_; }

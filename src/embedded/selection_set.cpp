@@ -9,6 +9,7 @@
 #include "embedded/current.h"
 #include "embedded/document_members.h"
 #include "embedded/entity_object.h"
+#include "embedded/entity_walk.h"
 #include "embedded/errors.h"
 #include "embedded/picked.h"
 #include "embedded/picking.h"
@@ -84,11 +85,7 @@ Value SelectionSet::call(Member member, std::span<Value> arguments) {
 
 std::unique_ptr<host::Enumerator> SelectionSet::enumerate() {
   require_alive();
-  return walk(entities(), [document = document_](RecordId id) -> std::optional<Value> {
-    require_open(*document);
-    if (document->drawing.record(id).is(Record::erased)) return std::nullopt;
-    return make_entity(document, id);
-  });
+  return std::make_unique<EntityWalk>(document_, entities());
 }
 
 Value SelectionSet::item(Arguments& arguments) {

@@ -9,6 +9,7 @@ namespace velmar::drawing::dxf {
 struct Head {
   std::string_view kind;
   std::string_view handle, owner, layer;  // raw
+  std::string_view marker;                // the subclass that follows AcDbEntity
   std::int32_t color = 256;
   bool in_paper_space = false;
 };
@@ -31,6 +32,7 @@ class HeadCollector {
       in_group_ = !text.empty() && text.front() == '{';
     } else if (code == 100) {
       complete_ = text != "AcDbEntity";
+      if (complete_) head_.marker = text;
     } else if (code >= 1000) {
       complete_ = true;
     } else if (!in_group_) {

@@ -27,27 +27,71 @@ inline const char* find_byte(const char* from, const char* end, char wanted) {
   return found ? static_cast<const char*>(found) : end;
 }
 
+/// Which of 64 bytes are `wanted`, the first in the lowest bit.
+inline std::uint64_t mask_of(const char* block, char wanted) {
+  std::uint64_t mask = 0;
+#if defined(__SSE2__)
+  for (int part = 0; part < 4; ++part) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block) + part);
+    const auto found =
+        static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted))));
+    mask |= std::uint64_t{found} << (16 * part);
+  }
+#else
+  for (int i = 0; i < 64; ++i) mask |= std::uint64_t{block[i] == wanted} << i;
+#endif
+  return mask;
+}
+
+/// The line ends of a text one after the other; those of 64 bytes at a time are found together.
+class LineEnds {
+ public:
+  LineEnds(const char* from, const char* end, char line_end)
+      : next_block_(from), end_(end), line_end_(line_end) {}
+
+  /// The next one, or the end of the text.
+  const char* next() {
+    while (mask_ == 0) {
+      if (end_ - next_block_ < 64) {
+        const char* const found = find_byte(next_block_, end_, line_end_);
+        next_block_ = found == end_ ? end_ : found + 1;
+        return found;
+      }
+      block_ = next_block_;
+      next_block_ += 64;
+      mask_ = mask_of(block_, line_end_);
+    }
+    const char* const found = block_ + std::countr_zero(mask_);
+    mask_ &= mask_ - 1;
+    return found;
+  }
+
+ private:
+  const char* block_ = nullptr;
+  const char* next_block_;
+  const char* end_;
+  char line_end_;
+  std::uint64_t mask_ = 0;  // line ends of the block that were not given yet
+};
+
+/// The number on a group code line as all programs write it, blanks and then digits; -1 for
+/// anything else.
+inline std::int32_t plain_code(const char* from, const char* line_end) {
+  if (line_end != from && line_end[-1] == '\r') --line_end;
+  while (from != line_end && *from == ' ') ++from;
+  std::int32_t code = -1;
+  for (; from != line_end && *from >= '0' && *from <= '9' && code < 10'000; ++from) {
+    code = (code < 0 ? 0 : code * 10) + (*from - '0');
+  }
+  return from == line_end ? code : -1;
+}
+
 /// Without the blanks and the carriage return around it.
 inline std::string_view trimmed(const char* from, const char* end) {
   const auto is_blank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
   while (from != end && is_blank(*from)) ++from;
   while (from != end && is_blank(end[-1])) --end;
   return {from, static_cast<std::size_t>(end - from)};
-}
-
-/// Reads blanks, a group code and a line end, as all programs write it, and goes behind them; -1,
-/// and `at` stays, for anything else.
-inline std::int32_t take_plain_code(const char*& at, const char* end, char line_end) {
-  const char* p = at;
-  while (p != end && *p == ' ') ++p;
-  std::int32_t code = -1;
-  for (; p != end && *p >= '0' && *p <= '9' && code < 10'000; ++p) {
-    code = (code < 0 ? 0 : code * 10) + (*p - '0');
-  }
-  if (p != end && *p == '\r' && line_end != '\r') ++p;
-  if (p == end || *p != line_end) return -1;
-  at = p + 1;
-  return code;
 }
 
 }  // namespace velmar::drawing::dxf

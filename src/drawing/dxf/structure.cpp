@@ -10,6 +10,8 @@ namespace velmar::drawing::dxf {
 namespace {
 
 constexpr std::size_t most_warnings = 100;
+constexpr std::string_view block_reference =
+    "AcDbBlockReference";  // the class that most walks meet
 
 bool is_model_space(std::string_view name) {
   return same_name(name, "*Model_Space") || same_name(name, "$MODEL_SPACE");
@@ -21,6 +23,7 @@ bool is_paper_space(std::string_view name) {
 }  // namespace
 
 Structure::Structure(Store& store) : store_(store) {
+  store_.class_names.emplace_back(block_reference);
   Space& model = store_.spaces.emplace_back();
   model.name = "*Model_Space";
   model.is_layout = true;
@@ -98,6 +101,7 @@ void Structure::begin_entity(Record& record, const Head& head) {
   if (is_part)
     return warn(record.begin, std::string(head.kind) + " without an entity it belongs to");
   whole_ = kind_ == Kind::polyline || kind_ == Kind::insert ? current_ : RecordId::none;
+  if (kind_ == Kind::insert && head.marker == block_reference) record.class_number = 1;
   record.space = block_ != SpaceId::none ? block_ : space_by_owner(head.owner, head.in_paper_space);
   store_.spaces[index(record.space)].entities.push_back(current_);
 }

@@ -166,15 +166,15 @@ bool TagCursor::next_text(Tag& tag) {
   if (at_ >= bytes_.size()) return stop(false);
   const char* const start = bytes_.data();
   const char* const end = start + bytes_.size();
-  const char* value = start + at_;
-  tag.code = take_plain_code(value, end, format_.line_end);
+  const char* const code_end = find_byte(start + at_, end, format_.line_end);
+  if (code_end == end) return stop(true);
+  tag.code = plain_code(start + at_, code_end);
   if (tag.code < 0) {
-    const char* const code_end = find_byte(value, end, format_.line_end);
-    const auto code = group_code(dxf::trimmed(value, code_end));
-    if (!code || code_end == end) return stop(true);
+    const auto code = group_code(dxf::trimmed(start + at_, code_end));
+    if (!code) return stop(true);
     tag.code = *code;
-    value = code_end + 1;
   }
+  const char* const value = code_end + 1;
   const char* const line_end = find_byte(value, end, format_.line_end);
   const bool carriage = line_end != value && line_end[-1] == '\r';
   const auto offset = [start](const char* at) { return static_cast<std::uint32_t>(at - start); };

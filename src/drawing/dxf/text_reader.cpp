@@ -64,21 +64,21 @@ bool TextReader::first() {
 bool TextReader::head(HeadCollector& collector) {
   begin_ = at_;
   if (at_ >= bytes_.size()) return false;
-  if (name_of_ != at_) name_ = line(line(at_).next);
-  const Line name = name_;
-  collector = HeadCollector(name.text);
   const char* const end = bytes_.data() + bytes_.size();
-  const char* at = bytes_.data() + name.next;
-  while (!collector.complete()) {
-    const char* value = at;
-    const std::int32_t code = take_plain_code(value, end, line_end_);
+  LineEnds line_ends(bytes_.data() + at_, end, line_end_);
+  const char* const zero = line_ends.next();
+  const char* last = line_ends.next();
+  collector = HeadCollector(zero == end ? std::string_view() : trimmed(zero + 1, last));
+  while (!collector.complete() && last != end) {
+    const char* const code_end = line_ends.next();
+    const std::int32_t code = code_end == end ? -1 : plain_code(last + 1, code_end);
     if (code <= 0) break;  // the next record, or a line to be looked at with care
-    const char* const stop = find_byte(value, end, line_end_);
-    const std::string_view text = trimmed(value, stop);
+    const char* const value = code_end + 1;
+    last = line_ends.next();
+    const std::string_view text = trimmed(value, last);
     collector.take(code, text, [&] { return leading_number(text); });
-    at = stop == end ? end : stop + 1;
   }
-  at_ = static_cast<std::size_t>(at - bytes_.data());
+  at_ = static_cast<std::size_t>(last - bytes_.data()) + (last != end);
   return true;
 }
 
@@ -89,9 +89,9 @@ std::size_t TextReader::end_of_record() {
     const ScanStop stop = find_record(bytes_.data() + at_, end);
     at_ = static_cast<std::size_t>(stop.at - bytes_.data());
     if (!stop.unusual) {
-      name_ = line(line(at_).next);
-      name_of_ = at_;
-      if (plausible_name(name_.text)) return at_;
+      const char* const name = find_byte(stop.at, end, line_end_) + 1;
+      const bool begins_with_letter = name < end && *name >= 'A' && *name <= 'Z';
+      if (begins_with_letter || plausible_name(line(line(at_).next).text)) return at_;
     }
   }
   return at_ = careful(at_);

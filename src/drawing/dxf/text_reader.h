@@ -42,8 +42,6 @@ class TextReader {
   std::size_t at_;  // a group code line
   char line_end_;
   std::size_t begin_ = 0;
-  Line name_;  // of the record that begins at name_of_
-  std::size_t name_of_ = std::string_view::npos;
   std::optional<Damage> damage_;
 };
 

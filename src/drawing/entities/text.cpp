@@ -139,10 +139,14 @@ Box extents(const Text& text) {
 // mirrored. Of a map that shears, the text takes the effect on its baseline and on areas.
 void transform(Text& text, const Matrix& matrix) {
   const PlaneMap plane = plane_map(matrix, text.normal);
-  const Point old_direction =
-      ocs_to_world(text.normal).direction({std::cos(text.rotation), std::sin(text.rotation), 0});
-  std::optional<Point> text_middle = middle_of(text);
-  if (text_middle) text_middle = plane.map(*text_middle);
+  Point old_direction;
+  std::optional<Point> text_middle;
+  if (plane.mirrored) {
+    old_direction =
+        ocs_to_world(text.normal).direction({std::cos(text.rotation), std::sin(text.rotation), 0});
+    text_middle = middle_of(text);
+    if (text_middle) text_middle = plane.map(*text_middle);
+  }
 
   const double along = plane.along(text.rotation), across = plane.across(text.rotation);
   text.height *= across;
