@@ -4,6 +4,7 @@
 
 #include "drawing/dxf/loader.h"
 #include "drawing/dxf/record_reader.h"
+#include "drawing/dxf/record_tags.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -72,21 +73,6 @@ std::optional<SpaceId> Drawing::find_space(std::string_view name) const {
 }
 const std::vector<Layout>& Drawing::layouts() const { return store_->layouts; }
 
-std::vector<std::string> Drawing::table(std::string_view name) const {
-  std::vector<std::string> names;
-  for (const TableRow& row : store_->rows) {
-    if (row.table == name) names.push_back(row.name);
-  }
-  return names;
-}
-
-bool Drawing::has_row(std::string_view table, std::string_view name) const {
-  for (const TableRow& row : store_->rows) {
-    if (row.table == table && same_name(row.name, name)) return true;
-  }
-  return false;
-}
-
 const Record& Drawing::record(RecordId id) const { return store_->at(id); }
 std::string_view Drawing::kind_name(RecordId id) const {
   return store_->kind_name(store_->at(id).kind);
@@ -125,6 +111,13 @@ std::vector<RecordId> Drawing::parts(RecordId id) const {
     if (!record.is(Record::erased)) parts.push_back(part);
   }
   return parts;
+}
+
+bool Drawing::has_extension_dictionary(RecordId id) const {
+  const dxf::RecordTags record(store_->bytes(id), store_->format);
+  return std::any_of(record.tags().begin(), record.tags().end(), [&](const dxf::Tag& tag) {
+    return tag.code == 102 && record.text(tag) == "{ACAD_XDICTIONARY";
+  });
 }
 
 RecordId Drawing::whole(RecordId part) const { return store_->whole(part); }

@@ -149,17 +149,10 @@ Record record_for(Kind kind, SpaceId space) {
   return record;
 }
 
-Kind kind_named(std::string_view name) {
-  for (std::uint16_t kind = 0; kind < static_cast<std::uint16_t>(Kind::others); ++kind) {
-    if (kind_name(static_cast<Kind>(kind)) == name) return static_cast<Kind>(kind);
-  }
-  return Kind::others;
-}
-
 template <class T>
 RecordId add_record(Store& store, const Place& place, const NewRecord& names, const Common& common,
                     const T& fields_of, std::uint16_t flags = 0) {
-  Record record = record_for(kind_named(names.kind), place.space);
+  Record record = record_for(store.kind_named(names.kind), place.space);
   record.flags = flags;
   const RecordId id = store.add(place.before, record, {});
   const Handle handle = store.give_handle(id);

@@ -2,6 +2,7 @@
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_edit.h"
 #include "drawing/store.h"
+#include "drawing/table_rows.h"
 
 namespace velmar::drawing {
 namespace {
@@ -11,26 +12,6 @@ std::string written(const Store& store, std::string_view bytes, const LayerRow& 
   dxf::FieldWriter writer(record);
   fields(writer, const_cast<LayerRow&>(row));
   return writer.result();
-}
-
-/// A new row as the table's first one has it, so that what it names besides (plot style, material)
-/// is there too.
-std::string row_bytes(const Store& store, Handle handle) {
-  for (const Layer& layer : store.layers) {
-    if (layer.record == RecordId::none) continue;
-    return dxf::copied(store.bytes(layer.record), store.has_handles ? handle : 0, std::nullopt,
-                       store.format);
-  }
-  std::string bytes;
-  dxf::append_text(bytes, 0, "LAYER", store.format);
-  if (store.has_handles) dxf::append_text(bytes, 5, handle_text(handle), store.format);
-  if (store.format.has_subclasses()) {
-    const Handle table = store.at(store.landmarks.layer_table).handle;
-    if (table != 0) dxf::append_text(bytes, 330, handle_text(table), store.format);
-    dxf::append_text(bytes, 100, "AcDbSymbolTableRecord", store.format);
-    dxf::append_text(bytes, 100, "AcDbLayerTableRecord", store.format);
-  }
-  return bytes;
 }
 
 /// Entities name their layer by its text, so each of them is written.
@@ -54,14 +35,10 @@ LayerId Drawing::add_layer(const LayerRow& row) {
   Layer layer;
   static_cast<LayerRow&>(layer) = row;
   // A file without a layer table has layers by their use alone.
-  if (store_->landmarks.end_of_layers != RecordId::none) {
-    Record record;
-    record.kind = Kind::layer;
-    const RecordId id = store_->add(store_->landmarks.end_of_layers, record, {});
-    const Handle handle = store_->give_handle(id);
-    store_->patches[static_cast<std::uint32_t>(id)] =
-        written(*store_, row_bytes(*store_, handle), row);
-    layer.record = id;
+  layer.record = add_table_row(*store_, "LAYER", "AcDbLayerTableRecord");
+  if (layer.record != RecordId::none) {
+    std::string& bytes = store_->patches.at(static_cast<std::uint32_t>(layer.record));
+    bytes = written(*store_, bytes, row);
   }
   store_->layers.push_back(std::move(layer));
   return static_cast<LayerId>(store_->layers.size() - 1);

@@ -26,6 +26,18 @@ std::string_view Store::kind_name(Kind kind) const {
   return other < other_kinds.size() ? std::string_view(other_kinds[other]) : "?";
 }
 
+Kind Store::kind_named(std::string_view wanted) {
+  constexpr std::size_t last_kind = 0xFFFF;
+  const std::size_t count = static_cast<std::size_t>(Kind::others) + other_kinds.size();
+  for (std::size_t kind = 0; kind < count; ++kind) {
+    if (kind_name(static_cast<Kind>(kind)) == wanted) return static_cast<Kind>(kind);
+  }
+  if (count == last_kind)
+    return static_cast<Kind>(last_kind);  // a hostile file: the rest share one
+  other_kinds.emplace_back(wanted);
+  return static_cast<Kind>(count);
+}
+
 RecordId Store::next(RecordId id) const {
   std::uint32_t following = static_cast<std::uint32_t>(id) + 1;
   if (at(id).is(Record::added)) {
@@ -96,7 +108,9 @@ Handle Store::give_handle(RecordId id) {
 
 std::optional<LayerId> Store::find_layer(std::string_view wanted) const {
   for (std::size_t i = 0; i < layers.size(); ++i) {
-    if (same_name(layers[i].name, wanted)) return static_cast<LayerId>(i);
+    const RecordId row = layers[i].record;
+    const bool is_gone = row != RecordId::none && at(row).is(Record::erased);
+    if (!is_gone && same_name(layers[i].name, wanted)) return static_cast<LayerId>(i);
   }
   return std::nullopt;
 }

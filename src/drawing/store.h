@@ -15,8 +15,11 @@ namespace velmar::drawing {
 struct Landmarks {
   RecordId header = RecordId::none;           // the SECTION record that holds the header variables
   RecordId end_of_entities = RecordId::none;  // the ENDSEC behind which no entity stands
-  RecordId end_of_layers = RecordId::none;    // the ENDTAB of the layer table
-  RecordId layer_table = RecordId::none;
+};
+
+/// Where a table stands: its TABLE record, its first row, its ENDTAB.
+struct TableMarks {
+  RecordId begin = RecordId::none, first_row = RecordId::none, end = RecordId::none;
 };
 
 /// A row of a table other than the layer table.
@@ -46,6 +49,7 @@ struct Store {
   std::vector<Space> spaces;
   std::vector<Layout> layouts;
   std::vector<TableRow> rows;
+  std::map<std::string, TableMarks, std::less<>> tables;
   std::vector<Warning> warnings;
 
   // Edits. An added record stands before a record of the source (or its end, number source_count).
@@ -68,6 +72,7 @@ struct Store {
   /// The bytes of a record of the source as they were read.
   std::string_view source_bytes(std::size_t record) const;
   std::string_view kind_name(Kind kind) const;
+  Kind kind_named(std::string_view name);  // a new one where it is not known yet
   /// The record behind this one in the order of saving; number source_count at the end.
   RecordId next(RecordId id) const;
   std::optional<LayerId> find_layer(std::string_view name) const;

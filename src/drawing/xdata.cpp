@@ -1,8 +1,10 @@
 #include <set>
 
 #include "drawing/drawing.h"
+#include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_tags.h"
 #include "drawing/store.h"
+#include "drawing/table_rows.h"
 
 namespace velmar::drawing {
 namespace {
@@ -54,6 +56,20 @@ void append_value(std::string& out, int code, const std::string& text, const dxf
   }
 }
 
+/// Other programs refuse extended data of an application that the APPID table does not list.
+void list_application(Store& store, const std::string& name) {
+  const RecordId id = add_table_row(store, "APPID", "AcDbRegAppTableRecord");
+  if (id == RecordId::none) return;
+  std::string& bytes = store.patches.at(static_cast<std::uint32_t>(id));
+  const dxf::RecordTags record(bytes, store.format);
+  dxf::FieldWriter writer(record);
+  writer.subclass("AcDbRegAppTableRecord");
+  writer("Name", 2, name);
+  writer("Flags", 70, std::int32_t{0});
+  bytes = writer.result();
+  store.rows.push_back({"APPID", name});
+}
+
 }  // namespace
 
 std::vector<std::pair<int, std::string>> Drawing::read_xdata(RecordId id) const {
@@ -84,7 +100,11 @@ void Drawing::write_xdata(RecordId id, const std::vector<std::pair<int, std::str
                        (i + 1 == tags.size() || tags[i + 1].first == application_code);
     if (!alone) append_value(bytes, tags[i].first, tags[i].second, store_->format);
   }
-  if (bytes != record.bytes()) store_->patch(id, std::move(bytes));
+  if (bytes == record.bytes()) return;
+  store_->patch(id, std::move(bytes));
+  for (const std::string& application : replaced) {
+    if (!has_row("APPID", application)) list_application(*store_, application);
+  }
 }
 
 }  // namespace velmar::drawing

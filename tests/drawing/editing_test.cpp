@@ -187,6 +187,8 @@ TEST(Xdata, IsReplacedForOneApplicationAndKeptForTheOthers) {
             (Tags{{1001, "APP"}, {1000, "kept"}, {1001, "OTHER"}, {1000, "text"}, {1040, "1.5"}}));
   drawing.write_xdata(id, {{1001, "APP"}});
   EXPECT_EQ(drawing.read_xdata(id), (Tags{{1001, "OTHER"}, {1000, "text"}, {1040, "1.5"}}));
+  EXPECT_EQ(Drawing::read(drawing.bytes(), "again").table("APPID"),
+            (std::vector<std::string>{"ACAD", "OTHER"}));
 }
 
 TEST(EmptyDrawing, OpensWithoutWarningsAndTakesEntities) {

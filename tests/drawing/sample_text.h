@@ -29,6 +29,7 @@ inline std::string drawing_of(std::string_view version, std::string_view entitie
       "0 SECTION 2 HEADER 9 $ACADVER 1 " + std::string(version) +
       " 9 $HANDSEED 5 500 9 $CLAYER 8 0 0 ENDSEC "
       "0 SECTION 2 TABLES "
+      "0 TABLE 2 APPID 5 9 70 1 0 APPID 5 12 2 ACAD 70 0 0 ENDTAB "
       "0 TABLE 2 LTYPE 5 5 70 1 0 LTYPE 5 16 2 Continuous 70 0 0 ENDTAB "
       "0 TABLE 2 LAYER 5 2 70 2 "
       "0 LAYER 5 10 330 2 100 AcDbSymbolTableRecord 100 AcDbLayerTableRecord 2 0 70 0 62 7 6 "

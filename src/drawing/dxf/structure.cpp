@@ -48,18 +48,7 @@ void Structure::warn(std::size_t offset, std::string text) {
 }
 
 Kind Structure::kind_of(std::string_view name) {
-  return kinds_.get(name, [this](std::string_view wanted) {
-    const auto count = static_cast<std::uint16_t>(static_cast<std::size_t>(Kind::others) +
-                                                  store_.other_kinds.size());
-    for (std::uint16_t kind = 0; kind < count; ++kind) {
-      if (store_.kind_name(static_cast<Kind>(kind)) == wanted) return static_cast<Kind>(kind);
-    }
-    constexpr std::uint16_t last_kind = 0xFFFF;
-    if (count == last_kind)
-      return static_cast<Kind>(last_kind);  // a hostile file; the rest share a number
-    store_.other_kinds.emplace_back(wanted);
-    return static_cast<Kind>(count);
-  });
+  return kinds_.get(name, [this](std::string_view wanted) { return store_.kind_named(wanted); });
 }
 
 /// Room for all records, as far as those that were read tell their number.
@@ -199,25 +188,30 @@ void Structure::end_table_row() {
   const RecordReader reader(store_.bytes(current_), store_.format);
   if (kind_ == Kind::table) {
     table_ = reader.first_text(2);
-    if (table_ == "LAYER") store_.landmarks.layer_table = current_;
-  } else if (kind_ == Kind::endtab) {
-    if (table_ == "LAYER") store_.landmarks.end_of_layers = current_;
-    table_.clear();
-  } else if (kind_ == Kind::layer) {
-    LayerRow row;
-    reader.read(row);
-    Layer& layer = store_.layers[index(store_.layer_named(row.name))];
-    if (layer.record != RecordId::none) {
-      return warn(store_.at(current_).begin,
-                  "layer \"" + row.name + "\" stands twice in its table");
-    }
-    static_cast<LayerRow&>(layer) = row;
-    layer.record = current_;
-  } else if (kind_ == Kind::block_record) {
-    end_block_record();
-  } else {
-    store_.rows.push_back({table_, reader.first_text(2)});
+    store_.tables[table_].begin = current_;
+    return;
   }
+  TableMarks& marks = store_.tables[table_];
+  if (kind_ == Kind::endtab) {
+    marks.end = current_;
+    table_.clear();
+    return;
+  }
+  if (marks.first_row == RecordId::none) marks.first_row = current_;
+  if (kind_ == Kind::layer) return end_layer();
+  if (kind_ == Kind::block_record) return end_block_record();
+  store_.rows.push_back({table_, reader.first_text(2)});
+}
+
+void Structure::end_layer() {
+  LayerRow row;
+  RecordReader(store_.bytes(current_), store_.format).read(row);
+  Layer& layer = store_.layers[index(store_.layer_named(row.name))];
+  if (layer.record != RecordId::none) {
+    return warn(store_.at(current_).begin, "layer \"" + row.name + "\" stands twice in its table");
+  }
+  static_cast<LayerRow&>(layer) = row;
+  layer.record = current_;
 }
 
 void Structure::end_block_record() {

@@ -36,6 +36,7 @@ class Structure {
   void end_section_start();
   void read_header();
   void end_table_row();
+  void end_layer();
   void end_block_record();
   void end_block();
   void end_layout();
