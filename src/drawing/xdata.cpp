@@ -83,6 +83,7 @@ std::vector<std::pair<int, std::string>> Drawing::read_xdata(RecordId id) const 
 
 void Drawing::write_xdata(RecordId id, const std::vector<std::pair<int, std::string>>& tags) {
   std::set<std::string> replaced;
+  std::vector<std::string> given;
   for (const auto& [code, text] : tags) {
     if (code == application_code) replaced.insert(text);
   }
@@ -96,13 +97,14 @@ void Drawing::write_xdata(RecordId id, const std::vector<std::pair<int, std::str
   }
   for (std::size_t i = 0; i < tags.size(); ++i) {
     // A run of the application's name alone takes its data away.
-    const bool alone = tags[i].first == application_code &&
-                       (i + 1 == tags.size() || tags[i + 1].first == application_code);
+    const bool is_name = tags[i].first == application_code;
+    const bool alone = is_name && (i + 1 == tags.size() || tags[i + 1].first == application_code);
+    if (is_name && !alone) given.push_back(tags[i].second);
     if (!alone) append_value(bytes, tags[i].first, tags[i].second, store_->format);
   }
   if (bytes == record.bytes()) return;
   store_->patch(id, std::move(bytes));
-  for (const std::string& application : replaced) {
+  for (const std::string& application : given) {
     if (!has_row("APPID", application)) list_application(*store_, application);
   }
 }

@@ -155,5 +155,21 @@ TEST(Degenerate, ValuesOfDamagedFilesAreFinishedWith) {
   }
 }
 
+TEST(Rotation, LeavesItsBaseWhereItIsToTheLastBit) {
+  const Point base{523020722.8743102, 1558654947.981566, 12.3};
+  for (const Point normal : {z_axis, Point{0.3, -0.2, 0.8}}) {
+    Text text;
+    text.normal = z_axis;
+    text.insertion = base;
+    transform(text, rotation(base, normal, 0.37));
+    if (normal == z_axis) {
+      EXPECT_EQ(text.insertion, base);
+    }
+    EXPECT_EQ(rotation(base, normal, 0.37)(base), base);
+  }
+  EXPECT_EQ(scaling(base, 3)(base), base);
+  EXPECT_EQ(reflection(base, {1, 2, 0})(base), base);
+}
+
 }  // namespace
 }  // namespace velmar::drawing

@@ -6,12 +6,15 @@
 
 namespace velmar::drawing {
 
-/// An affine map: p -> (x, y, z columns) p + origin.
+/// An affine map: p -> (x, y, z columns) (p - pivot) + pivot + origin. The pivot changes nothing
+/// but the rounding: a point that a rotation is about stays where it is to the last bit, and points
+/// near it keep their precision.
 struct Matrix {
   Point x = x_axis, y = y_axis, z = z_axis;  // the images of the axes
-  Point origin;
+  Point origin = {};
+  Point pivot = {};
 
-  Point operator()(Point p) const { return direction(p) + origin; }
+  Point operator()(Point p) const { return direction(p - pivot) + pivot + origin; }
   Point direction(Point v) const { return x * v.x + y * v.y + z * v.z; }
 };
 

@@ -52,7 +52,7 @@ PlaneMap plane_map(const Matrix& matrix, Point normal) {
   if (result.normal == plane.z) result.normal = normal == Point{} ? plane.z : normal;
   result.map = world_to_ocs(result.normal) * matrix * plane;
   if (matrix.x == x_axis && matrix.y == y_axis && matrix.z == z_axis)
-    result.map = {x_axis, y_axis, z_axis, result.map.origin};
+    result.map = {x_axis, y_axis, z_axis, result.map(Point{}), {}};
 
   const Point x = result.map.x, y = result.map.y;
   const double area = x.x * y.y - x.y * y.x;
