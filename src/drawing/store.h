@@ -35,8 +35,6 @@ struct Store {
   std::string name;            // for messages
   Source source;
   dxf::Format format;
-  std::size_t first_begin =
-      0;  // bytes before the first record: comments, the mark of a binary file
   std::size_t records_end = 0;  // end of the last record; what follows is kept
   std::vector<Record> records;  // of the source, then added ones
   std::size_t source_count = 0;

@@ -35,9 +35,8 @@ template <class Reader>
 void read_records(Store& store, Reader& reader) {
   Structure structure(store);
   HeadCollector collector("");
-  store.first_begin = store.records_end = reader.begin();
+  store.records_end = reader.begin();
   while (reader.head(collector)) {
-    if (store.records.empty()) store.first_begin = reader.begin();
     structure.begin(reader.begin(), collector.head());
     if (structure.at_eof()) {
       // What follows the two lines of EOF is not read.
