@@ -127,6 +127,8 @@ class Drawing {
   void erase(RecordId id);
   /// A copy of the entity with its parts, at the end of its space.
   RecordId copy(RecordId id);
+  /// The same at the end of another space.
+  RecordId copy_to(RecordId id, SpaceId space);
   bool has_extension_dictionary(RecordId id) const;
   /// The extended data as tags (group code from 1001 on, value as text); see also write_xdata.
   std::vector<std::pair<int, std::string>> read_xdata(RecordId id) const;

@@ -27,6 +27,8 @@ Body empty_body(Kind kind) {
       return Text{};
     case Kind::attrib:
       return Attrib{};
+    case Kind::attdef:
+      return Attdef{};
     case Kind::insert:
       return Insert{};
     case Kind::point:
@@ -78,6 +80,10 @@ std::optional<Handle> owner_of(const Store& store, SpaceId space) {
   return owner;
 }
 
+bool is_paper(const Store& store, SpaceId space) {
+  return space != SpaceId::model && store.spaces.at(index(space)).is_layout;
+}
+
 struct NewRecord {
   std::string_view kind;
   std::string_view marker;  // the subclass that the field list does not name
@@ -97,6 +103,7 @@ NewRecord new_record(const Body& body) {
     NewRecord operator()(const Text&) const { return {"TEXT", ""}; }
     NewRecord operator()(const PointMark&) const { return {"POINT", ""}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB", ""}; }
+    NewRecord operator()(const Attdef&) const { return {"ATTDEF", ""}; }
     NewRecord operator()(const Insert& insert) const {
       return {"INSERT", insert.is_array() ? "AcDbMInsertBlock" : "AcDbBlockReference"};
     }
@@ -288,8 +295,7 @@ RecordId Drawing::add(SpaceId space, const Entity& entity) {
   if (names.kind.empty() || names.kind == "ATTRIB") {
     throw Error(store_->name + ": an entity of this kind cannot be added");
   }
-  const bool in_paper = space != SpaceId::model && store_->spaces.at(index(space)).is_layout;
-  Place place{end_of(*store_, space), space, owner_of(*store_, space), in_paper};
+  Place place{end_of(*store_, space), space, owner_of(*store_, space), is_paper(*store_, space)};
   const RecordId id = std::visit(
       [&](const auto& body) { return add_record(*store_, place, names, entity.common, body); },
       entity.body);
@@ -325,8 +331,9 @@ void Drawing::erase(RecordId id) {
   if (store_->added_since_save.erase(number) == 0) store_->erased_since_save.insert(number);
 }
 
-RecordId Drawing::copy(RecordId id) {
-  const SpaceId space = store_->at(id).space;
+RecordId Drawing::copy(RecordId id) { return copy_to(id, store_->at(id).space); }
+
+RecordId Drawing::copy_to(RecordId id, SpaceId space) {
   const RecordId before = end_of(*store_, space);
   std::vector<RecordId> originals{id};
   for (RecordId part = store_->next(id);
@@ -339,7 +346,10 @@ RecordId Drawing::copy(RecordId id) {
   for (const RecordId original : originals) {
     Record record = store_->at(original);
     record.flags = record.flags & Record::part;
-    const std::string source(store_->bytes(original));
+    const bool moves = record.space != space;
+    record.space = space;
+    std::string source(store_->bytes(original));
+    if (moves) source = dxf::with_paper_mark(source, is_paper(*store_, space), store_->format);
     const RecordId id_of_copy = store_->add(before, record, {});
     const Handle handle = store_->give_handle(id_of_copy);
     store_->patches[static_cast<std::uint32_t>(id_of_copy)] =

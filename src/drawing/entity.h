@@ -3,6 +3,7 @@
 #include <variant>
 
 #include "drawing/entities/arc.h"
+#include "drawing/entities/attdef.h"
 #include "drawing/entities/attrib.h"
 #include "drawing/entities/circle.h"
 #include "drawing/entities/common.h"
@@ -24,7 +25,7 @@ void fields(Fields&, Opaque&) {}
 
 /// One alternative for each kind that has fields.
 using Body = std::variant<Opaque, Line, Arc, Circle, Ellipse, LwPolyline, Polyline, Text, Attrib,
-                          Insert, PointMark>;
+                          Attdef, Insert, PointMark>;
 
 struct Entity {
   Common common;

@@ -1,6 +1,6 @@
 #include "drawing/extents.h"
 
-#include "drawing/geometry/ocs.h"
+#include "drawing/explode.h"
 
 namespace velmar::drawing {
 namespace {
@@ -22,16 +22,11 @@ class Walk {
     Body body = drawing_.read(id).body;
     if (const auto* insert = std::get_if<Insert>(&body))
       return reference(id, *insert, place, depth);
-    if (moved) std::visit([&](auto& shape) { transform_shape(shape, place); }, body);
-    std::visit([&](const auto& shape) { visitor_(shape); }, body);
+    if (!moved) return std::visit(visitor_, body);
+    for (const Body& image : images(body, place)) std::visit(visitor_, image);
   }
 
  private:
-  template <class Shape>
-  static void transform_shape(Shape& shape, const Matrix& place) {
-    if constexpr (requires { transform(shape, place); }) transform(shape, place);
-  }
-
   void reference(RecordId id, const Insert& insert, const Matrix& place, int depth) {
     if (depth > deepest_nesting) throw nested(id, "is nested too deeply, perhaps in itself");
     for (const RecordId attribute : drawing_.parts(id)) {

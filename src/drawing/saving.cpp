@@ -75,6 +75,7 @@ class Pieces {
 
 std::vector<Handle> handles_of(const Store& store, const std::set<std::uint32_t>& records) {
   std::vector<Handle> handles;
+  handles.reserve(records.size());
   for (const std::uint32_t record : records) handles.push_back(store.records[record].handle);
   return handles;
 }

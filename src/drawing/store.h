@@ -70,12 +70,12 @@ struct Store {
   /// The bytes of a record of the source as they were read.
   std::string_view source_bytes(std::size_t record) const;
   std::string_view kind_name(Kind kind) const;
-  Kind kind_named(std::string_view name);  // a new one where it is not known yet
+  Kind kind_named(std::string_view wanted);  // a new one where it is not known yet
   /// The record behind this one in the order of saving; number source_count at the end.
   RecordId next(RecordId id) const;
-  std::optional<LayerId> find_layer(std::string_view name) const;
-  LayerId layer_named(std::string_view name);  // listed or not
-  std::optional<SpaceId> find_space(std::string_view name) const;
+  std::optional<LayerId> find_layer(std::string_view wanted) const;
+  LayerId layer_named(std::string_view wanted);  // listed or not
+  std::optional<SpaceId> find_space(std::string_view wanted) const;
   /// The entity that a part belongs to.
   RecordId whole(RecordId part) const;
   /// "plan.dxf, line 811 (LINE #2F)"; `offset` is within the record's bytes.

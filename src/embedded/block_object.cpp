@@ -9,7 +9,6 @@
 
 namespace velmar::embedded {
 
-using drawing::Record;
 using drawing::RecordId;
 
 Value BlockObject::get(Member member) {

@@ -16,7 +16,7 @@ class BlockObject final : public PlainObject {
 
   Value get(Member member) override;
   void put(Member member, const Value& value) override;
-  Value call(Member member, std::span<Value> arguments) override;
+  Value call(Member member, std::span<Value> values) override;
   /// Entities added since the walk began are not visited.
   std::unique_ptr<host::Enumerator> enumerate() override;
 

@@ -1,3 +1,5 @@
+#include "embedded/block_reference.h"
+
 #include <array>
 
 #include "basic/strings.h"
@@ -11,12 +13,6 @@ namespace {
 using drawing::Drawing;
 using drawing::RecordId;
 using drawing::Space;
-
-const Space* definition(const EntityObject& entity) {
-  const auto& insert = std::get<drawing::Insert>(entity.body());
-  const auto found = entity.drawing().find_space(insert.block);
-  return found ? &entity.drawing().spaces()[index(*found)] : nullptr;
-}
 
 /// The block that an anonymous block of a dynamic reference was made from: the block record names
 /// its handle in the extended data of AcDbBlockRepBTag.
@@ -60,20 +56,21 @@ Value get_attributes(EntityObject& entity, Arguments&) {
   return attributes;
 }
 
+/// Those that are the same in every reference: the definitions themselves.
 Value get_constant_attributes(EntityObject& entity, Arguments&) {
+  constexpr std::int32_t constant = 2;
   const Drawing& drawing = entity.drawing();
-  const Space* block = definition(entity);
-  if (!block) return basic::List{};
-  for (const RecordId id : block->entities) {
-    const drawing::Record& record = drawing.record(id);
-    if (record.kind == drawing::Kind::attdef && !record.is(drawing::Record::erased)) {
-      throw not_supported("GetConstantAttributes of a block with attribute definitions");
-    }
+  const auto block = drawing.find_space(std::get<drawing::Insert>(entity.body()).block);
+  basic::List constants;
+  if (!block) return constants;
+  for (const RecordId id : drawing.entities(*block)) {
+    if (drawing.record(id).kind != drawing::Kind::attdef) continue;
+    const auto definition = std::get<drawing::Attdef>(drawing.read_body(id));
+    const bool is_constant = (definition.flags & constant) != 0;
+    if (is_constant) constants.emplace_back(make_entity(entity.document(), id));
   }
-  return basic::List{};
+  return constants;
 }
-
-Value explode(EntityObject&, Arguments&) { throw not_supported("Explode of INSERT"); }
 
 constexpr std::array property_rows{
     EntityProperty{Member::EffectiveName, effective_name},
@@ -84,10 +81,15 @@ constexpr std::array property_rows{
 constexpr std::array method_rows{
     EntityMethod{Member::GetAttributes, Effect::reads, 0, 0, get_attributes},
     EntityMethod{Member::GetConstantAttributes, Effect::reads, 0, 0, get_constant_attributes},
-    EntityMethod{Member::Explode, Effect::reads, 0, 0, explode},
 };
 
 }  // namespace
+
+const Space* definition(const EntityObject& entity) {
+  const auto& insert = std::get<drawing::Insert>(entity.body());
+  const auto found = entity.drawing().find_space(insert.block);
+  return found ? &entity.drawing().spaces()[index(*found)] : nullptr;
+}
 
 std::span<const EntityProperty> reference_properties() { return property_rows; }
 std::span<const EntityMethod> reference_methods() { return method_rows; }

@@ -11,7 +11,7 @@ class BlocksObject final : public PlainObject {
   explicit BlocksObject(DocumentPointer document) : document_(std::move(document)) {}
 
   Value get(Member member) override;
-  Value call(Member member, std::span<Value> arguments) override;
+  Value call(Member member, std::span<Value> values) override;
   std::unique_ptr<host::Enumerator> enumerate() override;
 
  private:

@@ -22,7 +22,8 @@ constexpr std::int32_t rgb(double red, double green, double blue) {
 /// Indexes 10 to 249: 24 hues of five shades, each full (even) and half saturated (odd).
 std::int32_t wheel_color(std::int32_t index) {
   static constexpr std::array<double, 5> shades{255, 165, 127, 76, 38};
-  const double hue = (index / 10 - 1) / 4.0;  // sixths of the circle
+  const int family = index / 10 - 1;  // of ten colours of one hue
+  const double hue = family / 4.0;    // sixths of the circle
   const double shade = shades[static_cast<std::size_t>(index % 10 / 2)];
   const double pale = index % 2 == 1 ? 0.5 : 0;
   const auto channel = [&](double peak) {

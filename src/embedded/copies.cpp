@@ -11,7 +11,6 @@ namespace {
 using drawing::Matrix;
 using drawing::Point;
 using drawing::Record;
-using drawing::RecordId;
 
 constexpr std::int32_t most_copies = 100'000;
 

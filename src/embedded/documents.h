@@ -12,7 +12,7 @@ class Documents final : public PlainObject {
   explicit Documents(std::shared_ptr<Session> session) : session_(std::move(session)) {}
 
   Value get(Member member) override;
-  Value call(Member member, std::span<Value> arguments) override;
+  Value call(Member member, std::span<Value> values) override;
   std::unique_ptr<host::Enumerator> enumerate() override;
 
  private:

@@ -21,12 +21,15 @@ const EntityMethod* find_entity_method(Kind kind, Member member) {
   if (const auto* row = find_row(movement_methods(), member)) return row;
   if (const auto* row = find_row(object_methods(), member)) return row;
   if (const auto* row = find_row(copy_methods(), member)) return row;
-  if (kind == Kind::insert) return find_row(reference_methods(), member);
+  if (kind == Kind::insert) {
+    const auto* row = find_row(reference_methods(), member);
+    return row ? row : find_row(reference_explosion(), member);
+  }
   if (has_offset(kind)) {
     if (const auto* row = find_row(offset_methods(), member)) return row;
   }
   const bool is_polyline = kind == Kind::lwpolyline || kind == Kind::polyline;
-  return is_polyline ? find_row(polyline_methods(), member) : nullptr;
+  return is_polyline ? find_row(polyline_explosion(), member) : nullptr;
 }
 
 }  // namespace velmar::embedded

@@ -24,6 +24,7 @@ std::span<const EntityMethod> movement_methods();        // movement.cpp
 std::span<const EntityMethod> copy_methods();            // copies.cpp
 std::span<const EntityMethod> offset_methods();          // offsets.cpp: kinds that have Offset
 std::span<const EntityMethod> object_methods();          // object_methods.cpp: Delete, boxes, data
-std::span<const EntityMethod> polyline_methods();        // the same: polylines alone
+std::span<const EntityMethod> polyline_explosion();      // explosion.cpp: polylines alone
+std::span<const EntityMethod> reference_explosion();     // the same: INSERT alone
 
 }  // namespace velmar::embedded

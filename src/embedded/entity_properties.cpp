@@ -121,6 +121,10 @@ constexpr std::array rows{
                    }},
     EntityProperty{Member::ObjectID,
                    [](const EntityObject& e) -> Value { return object_id(e.id()); }},
+    EntityProperty{Member::HasExtensionDictionary,
+                   [](const EntityObject& e) -> Value {
+                     return e.drawing().has_extension_dictionary(e.id());
+                   }},
     EntityProperty{Member::OwnerID,
                    [](const EntityObject& e) -> Value { return object_id(owner(e)); }},
 };

@@ -15,7 +15,7 @@ class LayerObject final : public PlainObject {
 
   Value get(Member member) override;
   void put(Member member, const Value& value) override;
-  Value call(Member member, std::span<Value> arguments) override;
+  Value call(Member member, std::span<Value> values) override;
 
   const DocumentState& document() const { return *document_; }
   drawing::LayerId id() const { return id_; }

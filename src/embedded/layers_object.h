@@ -12,7 +12,7 @@ class LayersObject final : public PlainObject {
   explicit LayersObject(DocumentPointer document) : document_(std::move(document)) {}
 
   Value get(Member member) override;
-  Value call(Member member, std::span<Value> arguments) override;
+  Value call(Member member, std::span<Value> values) override;
   std::unique_ptr<host::Enumerator> enumerate() override;
 
  private:

@@ -54,7 +54,7 @@ std::string linetype_spelling(const std::string& name) {
 }
 
 std::string require_linetype(const Drawing& drawing, const std::string& name, LinetypeOf owner) {
-  const std::string spelled = linetype_spelling(name);
+  std::string spelled = linetype_spelling(name);
   if (spelled == "Continuous") return spelled;
   const bool by_other = spelled == "ByLayer" || spelled == "ByBlock";
   if (by_other && owner == LinetypeOf::entity) return spelled;

@@ -65,8 +65,9 @@ Value intersect_with(EntityObject& entity, Arguments& arguments) {
   return numbers;
 }
 
-Value explode(EntityObject& entity, Arguments&) {
-  throw not_supported("Explode of " + entity.kind());
+/// The dictionary holds objects that are kept whole without being understood.
+Value get_extension_dictionary(EntityObject&, Arguments&) {
+  throw not_supported("GetExtensionDictionary");
 }
 
 constexpr std::array rows{
@@ -78,15 +79,11 @@ constexpr std::array rows{
     EntityMethod{Member::GetXData, Effect::reads, 3, 3, get_xdata},
     EntityMethod{Member::SetXData, Effect::changes, 2, 2, set_xdata},
     EntityMethod{Member::IntersectWith, Effect::reads, 2, 2, intersect_with},
-};
-
-constexpr std::array rows_of_polylines{
-    EntityMethod{Member::Explode, Effect::reads, 0, 0, explode},
+    EntityMethod{Member::GetExtensionDictionary, Effect::reads, 0, 0, get_extension_dictionary},
 };
 
 }  // namespace
 
 std::span<const EntityMethod> object_methods() { return rows; }
-std::span<const EntityMethod> polyline_methods() { return rows_of_polylines; }
 
 }  // namespace velmar::embedded

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "drawing/drawing.h"
 #include "sample_text.h"
 
@@ -155,6 +157,23 @@ TEST(Copy, HasHandlesOfItsOwnThroughout) {
   EXPECT_EQ(again.entity_count(SpaceId::model), 3u);
   EXPECT_EQ(std::get<Polyline>(again.read(again.entities(SpaceId::model)[2]).body).vertices.size(),
             2u);
+}
+
+TEST(Copy, IntoAnotherSpaceBelongsThere) {
+  for (const char* const name : {"ezdxf/uncommon.dxf", "acadsharp/sample_AC1009_ascii.dxf"}) {
+    Drawing drawing = Drawing::open(std::filesystem::path(VELMAR_CORPUS) / name);
+    const auto paper = drawing.find_space("*Paper_Space");
+    const SpaceId sheet = paper ? *paper : *drawing.find_space("$PAPER_SPACE");
+    const RecordId original = drawing.entities(SpaceId::model).front();
+    const auto there = drawing.entity_count(sheet), here = drawing.entity_count(SpaceId::model);
+    const RecordId on_sheet = drawing.copy_to(original, sheet);
+    const RecordId back = drawing.copy_to(on_sheet, SpaceId::model);
+    EXPECT_EQ(drawing.record(on_sheet).space, sheet);
+    const Drawing again = Drawing::read(drawing.bytes(), "again");
+    EXPECT_EQ(again.entity_count(sheet), there + 1) << name;
+    EXPECT_EQ(again.entity_count(SpaceId::model), here + 1) << name;
+    EXPECT_EQ(again.record(again.find(drawing.record(back).handle)).space, SpaceId::model);
+  }
 }
 
 TEST(Layers, AreAddedToTheTableAndRenamedWithTheirEntities) {

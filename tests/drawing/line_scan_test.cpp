@@ -54,7 +54,7 @@ void check(const std::string& text, ScanStop (*find)(const char*, const char*)) 
 
 bool has_avx2() {
 #if defined(__x86_64__) || defined(__i386__)
-  return __builtin_cpu_supports("avx2");
+  return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("pclmul");
 #else
   return true;  // the same function as the portable one
 #endif

@@ -57,6 +57,7 @@ struct Movement {
 std::vector<Movement> movements() {
   const Point base{1, 1, 0}, axis{0.6, 0, 0.8};
   const Matrix turn = drawing::rotation(base, axis, 0.7);
+  const Point origin = turn({});
   return {
       {Member::Move, {at(1, 1), at(2, 3, 4)}, drawing::translation({1, 2, 4}), false},
       {Member::Rotate, {at(1, 1), 0.5}, drawing::rotation(base, drawing::z_axis, 0.5), false},
@@ -68,9 +69,9 @@ std::vector<Movement> movements() {
        drawing::reflection(base, drawing::z_axis),
        true},
       {Member::TransformBy,
-       {basic::Doubles{turn.x.x, turn.y.x, turn.z.x, turn.origin.x,  //
-                       turn.x.y, turn.y.y, turn.z.y, turn.origin.y,  //
-                       turn.x.z, turn.y.z, turn.z.z, turn.origin.z,  //
+       {basic::Doubles{turn.x.x, turn.y.x, turn.z.x, origin.x,  //
+                       turn.x.y, turn.y.y, turn.z.y, origin.y,  //
+                       turn.x.z, turn.y.z, turn.z.z, origin.z,  //
                        0, 0, 0, 1}},
        turn,
        false},

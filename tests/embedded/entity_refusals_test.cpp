@@ -80,8 +80,8 @@ TEST(EntityRefusals, OfCallsChangeNothing) {
   EXPECT_EQ(number("30", Member::Move, at(0, 0), basic::List{0.0, 0.0, 0.0}), invalid_argument);
   EXPECT_EQ(number("30", Member::GetAttributes), no_such_member);
   EXPECT_EQ(number("34", Member::AddVertex, 4, basic::Doubles{0, 0}), invalid_argument);
-  EXPECT_EQ(number("34", Member::Explode), not_supported);
-  EXPECT_EQ(number("3E", Member::Explode), not_supported);
+  EXPECT_EQ(number("30", Member::Explode), no_such_member);
+  EXPECT_EQ(number("30", Member::GetExtensionDictionary), not_supported);
   EXPECT_EQ(number("41", Member::Move, at(0, 0), at(1, 1)), not_supported);
   EXPECT_EQ(number("41", Member::ArrayPolar, 3, 1.0, at(0, 0)), not_supported);
   EXPECT_EQ(number("3F", Member::Copy), not_supported);

@@ -11,9 +11,16 @@
 namespace velmar::drawing::dxf {
 namespace {
 
+struct PortableParity {
+  static std::uint64_t parity_of_prefixes(std::uint64_t bits) {
+    for (int shift = 1; shift < 64; shift *= 2) bits ^= bits << shift;
+    return bits;
+  }
+};
+
 #if defined(__SSE2__)
 
-struct PortableMasks {
+struct PortableMasks : PortableParity {
   static std::uint64_t bits(__m128i part) {
     return static_cast<std::uint32_t>(_mm_movemask_epi8(part));
   }
@@ -41,7 +48,7 @@ struct PortableMasks {
 
 #else
 
-struct PortableMasks {
+struct PortableMasks : PortableParity {
   static ByteMasks of(const char* block) {
     ByteMasks masks{};
     for (std::uint64_t i = 0; i < block_size; ++i) {
@@ -63,7 +70,7 @@ using Find = ScanStop (*)(const char*, const char*);
 
 Find find_for_this_processor() {
 #if defined(__x86_64__) || defined(__i386__)
-  if (__builtin_cpu_supports("avx2")) return find_record_avx2;
+  if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("pclmul")) return find_record_avx2;
 #endif
   return find_record_portable;
 }

@@ -3,16 +3,24 @@
 #include "drawing/dxf/line_scan.h"
 #include "drawing/dxf/line_scan_blocks.h"
 
-#if defined(__AVX2__)
+#if defined(__AVX2__) && defined(__PCLMUL__)
 #include <immintrin.h>
 #endif
 
 namespace velmar::drawing::dxf {
 
-#if defined(__AVX2__)
+#if defined(__AVX2__) && defined(__PCLMUL__)
 namespace {
 
 struct Avx2Masks {
+  /// The product, without carries, with a number that is all ones.
+  static std::uint64_t parity_of_prefixes(std::uint64_t bits) {
+    const __m128i factor = _mm_set_epi64x(0, static_cast<std::int64_t>(bits));
+    const __m128i product = _mm_clmulepi64_si128(factor, _mm_set1_epi8('\xFF'), 0);
+    std::uint64_t low = 0;
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(&low), product);
+    return low;
+  }
   static std::uint64_t bits(__m256i low, __m256i high) {
     return static_cast<std::uint32_t>(_mm256_movemask_epi8(low)) |
            static_cast<std::uint64_t>(static_cast<std::uint32_t>(_mm256_movemask_epi8(high))) << 32;

@@ -18,12 +18,6 @@ constexpr std::uint64_t block_size = 64;
 // Always inlined: this header is compiled for two kinds of processor, and no shared copy may remain
 // for the linker.
 
-/// Bit i becomes the exclusive or of bits 0 to i.
-[[gnu::always_inline]] inline std::uint64_t parity_of_prefixes(std::uint64_t bits) {
-  for (int shift = 1; shift < 64; shift *= 2) bits ^= bits << shift;
-  return bits;
-}
-
 /// A mask of bytes and the same moved up by one byte, which carries over from block to block.
 struct Previous {
   std::uint64_t carry;
@@ -34,7 +28,8 @@ struct Previous {
   }
 };
 
-/// The scan over whole blocks; `Masks` gives the masks of the 64 bytes at an address. What is left
+/// The scan over whole blocks; `Masks::of` gives the masks of the 64 bytes at an address,
+/// `Masks::parity_of_prefixes` a mask whose bit i is the exclusive or of bits 0 to i. What is left
 /// at the end, less than a block, is for the caller: then `unusual` is set and `at` is where this
 /// stopped: the beginning of a group code line.
 template <class Masks>
@@ -45,7 +40,7 @@ ScanStop find_record_in_blocks(const char* at, const char* end) {
   for (const char* block = at; end - block >= static_cast<std::ptrdiff_t>(block_size);
        block += block_size) {
     const ByteMasks bytes = Masks::of(block);
-    const std::uint64_t feeds = parity_of_prefixes(bytes.line_feed);
+    const std::uint64_t feeds = Masks::parity_of_prefixes(bytes.line_feed);
     const std::uint64_t code_lines = ~(feeds ^ bytes.line_feed ^ in_value);
     const std::uint64_t code_ends = bytes.line_feed & code_lines;
     const std::uint64_t begins = after_feed(bytes.line_feed);

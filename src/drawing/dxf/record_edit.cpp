@@ -64,6 +64,25 @@ std::string copied(std::string_view bytes, Handle handle, std::optional<Handle> 
   return handle == 0 ? out : with_handle(out, handle, format);
 }
 
+std::string with_paper_mark(std::string_view bytes, bool in_paper, const Format& format) {
+  constexpr int paper_code = 67, layer_code = 8;
+  const RecordTags record(bytes, format);
+  const std::size_t end_of_head = head_end(record);
+  std::string out;
+  bool missing = in_paper;
+  for (std::size_t i = 0; i < record.tags().size(); ++i) {
+    const Tag& tag = record.tags()[i];
+    if (i < end_of_head && tag.code == paper_code && !tag.in_group) continue;
+    if (missing && (i == end_of_head || (tag.code == layer_code && !tag.in_group))) {
+      append_integer(out, paper_code, 1, format);
+      missing = false;
+    }
+    append_raw(out, record, tag);
+  }
+  if (missing) append_integer(out, paper_code, 1, format);
+  return out;
+}
+
 std::string with_variable(std::string_view header, std::string_view name, std::string_view value,
                           const Format& format) {
   const RecordTags record(header, format);

@@ -44,7 +44,7 @@ class RecordTags {
 /// part of it.
 class TagRange {
  public:
-  explicit TagRange(const RecordTags& record) : record_(record), first_(1), last_(record.xdata()) {}
+  explicit TagRange(const RecordTags& record) : record_(record), last_(record.xdata()) {}
 
   /// Goes on to the next subclass of that name; false (and the whole record is searched) if there
   /// is none.
@@ -61,7 +61,7 @@ class TagRange {
   bool advance(Wanted wanted);
 
   const RecordTags& record_;
-  std::size_t first_, last_;
+  std::size_t first_ = 1, last_;
 };
 
 }  // namespace velmar::drawing::dxf

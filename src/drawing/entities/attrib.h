@@ -11,14 +11,20 @@ struct Attrib : Text {
   std::int32_t field_length = 0;
 };
 
+/// The fields that follow those of the text.
 template <class Fields>
-void fields(Fields& field, Attrib& attrib) {
-  text_fields(field, attrib);
-  field.subclass("AcDbAttribute");
+void attribute_fields(Fields& field, Attrib& attrib) {
   field("TagString", 2, attrib.tag);
   field("Flags", 70, attrib.flags);
   field("FieldLength", 73, attrib.field_length, unless{0});
   field("VerticalAlignment", 74, attrib.vertical, unless{0});
+}
+
+template <class Fields>
+void fields(Fields& field, Attrib& attrib) {
+  text_fields(field, attrib);
+  field.subclass("AcDbAttribute");
+  attribute_fields(field, attrib);
 }
 
 }  // namespace velmar::drawing

@@ -27,6 +27,9 @@ struct BulgeArc {
   double sweep = 0;        // signed, radians: 4 atan(bulge)
 };
 BulgeArc arc_of(const BulgeVertex& from, const BulgeVertex& to);
+/// Below it the circle of a segment is so large that its centre and its angles, as numbers, miss
+/// the segment by more than a straight line does.
+inline constexpr double flattest_bulge = 1e-8;
 /// Whether the segment that begins there is drawn as an arc: not where its bulge is 0, too small to
 /// be told from a straight line, or no number.
 bool is_arc(const BulgeVertex& from);

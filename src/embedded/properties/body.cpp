@@ -97,7 +97,8 @@ std::optional<Value> get_property(const Body& body, Member member) {
       [&]<class Kind>(const Kind& kind) -> std::optional<Value> {
         if (hides(kind, member)) return std::nullopt;
         if (auto found = get_row(kind, member)) return found;
-        if constexpr (std::same_as<Kind, Attrib>) {
+        if constexpr (std::derived_from<Kind, Attrib>) {
+          if (auto found = get_row<Attrib>(kind, member)) return found;
           if (auto found = get_row<Text>(kind, member)) return found;
         }
         FieldGet get(member, normal_of(kind));
@@ -113,8 +114,8 @@ bool put_property(const drawing::Drawing& drawing, Body& body, Member member, co
         if (hides(kind, member)) return false;
         if constexpr (IsText<Kind>) require_alignment_point_used(kind, member);
         bool done = put_row(kind, member, value);
-        if constexpr (std::same_as<Kind, Attrib>) {
-          done = done || put_row<Text>(kind, member, value);
+        if constexpr (std::derived_from<Kind, Attrib>) {
+          done = done || put_row<Attrib>(kind, member, value) || put_row<Text>(kind, member, value);
         }
         done = done || put_field(drawing, kind, member, value);
         if constexpr (IsText<Kind>) {

@@ -10,7 +10,8 @@ namespace {
 using drawing::Attrib;
 using drawing::Text;
 
-constexpr std::int32_t backward = 2, upside_down = 4, invisible = 1, constant = 2;
+constexpr std::int32_t backward = 2, upside_down = 4, invisible = 1, constant = 2, verify = 4,
+                       preset = 8;
 
 // AcAlignment: 0 to 5 are the horizontal alignments on the baseline, then rows of left, centre and
 // right from the top row down: 6 top, 9 middle, 12 bottom.
@@ -59,6 +60,8 @@ constexpr std::array text_rows{
 constexpr std::array attrib_rows{
     Property<Attrib>{Member::Invisible, get_flag<invisible>, put_invisible},
     Property<Attrib>{Member::Constant, get_flag<constant>},
+    Property<Attrib>{Member::Verify, get_flag<verify>},
+    Property<Attrib>{Member::Preset, get_flag<preset>},
 };
 
 }  // namespace
