@@ -196,6 +196,7 @@ void add_seqend(Store& store, const Place& place, const Common& common) {
 }
 
 void mark_erased(Store& store, RecordId id) {
+  store.any_erased = true;
   store.at(id).flags |= Record::erased;
   if (!store.at(id).is(Record::added)) store.touched.insert(static_cast<std::uint32_t>(id));
 }

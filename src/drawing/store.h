@@ -59,9 +59,11 @@ struct Store {
   mutable std::vector<std::string> class_names;  // Record::class_number counts them from 1
   std::uint64_t edition = 0, saved_edition = 0;
   std::optional<FileStamp> stamp;  // of the file at `path` as this drawing knows it
-  bool gave_handles = false;       // written ones: then $HANDSEED follows
+  bool any_erased = false;
+  bool gave_handles = false;  // written ones: then $HANDSEED follows
 
   std::vector<std::uint32_t> by_handle;  // records in the order of their handles
+  std::size_t latest_find = 0;           // where in it Drawing::find stood last
 
   Record& at(RecordId id) { return records[index(id)]; }
   const Record& at(RecordId id) const { return records[index(id)]; }

@@ -210,6 +210,28 @@ TEST(Xdata, IsReplacedForOneApplicationAndKeptForTheOthers) {
             (std::vector<std::string>{"ACAD", "OTHER"}));
 }
 
+TEST(Find, KnowsEveryHandleFromWhereverItStoodBefore) {
+  std::string entities;
+  for (const char* handle : {"2F", "31", "40", "4F", "5F", "100", "101", "2FF"}) {
+    entities += "0 LINE 5 " + std::string(handle) + " 330 1F 8 0 10 0 20 0 11 1 21 1 ";
+  }
+  const Drawing drawing = Drawing::read(drawing_of("AC1015", entities), "plan.dxf");
+  for (Handle before = 0; before <= 0x301; before += 0x17) {
+    for (Handle wanted = 0; wanted <= 0x301; ++wanted) {
+      drawing.find(before);
+      const RecordId found = drawing.find(wanted);
+      bool exists = false;
+      for (std::uint32_t i = 0; i < drawing.size() && wanted != 0; ++i) {
+        exists = exists || drawing.record(static_cast<RecordId>(i)).handle == wanted;
+      }
+      ASSERT_EQ(found != RecordId::none, exists) << wanted << " after " << before;
+      if (exists) {
+        ASSERT_EQ(drawing.record(found).handle, wanted);
+      }
+    }
+  }
+}
+
 TEST(EmptyDrawing, OpensWithoutWarningsAndTakesEntities) {
   Drawing drawing = Drawing::empty();
   EXPECT_TRUE(drawing.warnings().empty());
