@@ -64,7 +64,7 @@ int turn_texts(const std::string& layer) {
   for (const host::Entity& candidate : model_space()) {
     if (candidate.ObjectName() != host::Text::class_name || candidate.Layer() != layer) continue;
     const auto text = entity<host::Text>(candidate.Handle());
-    text.Rotate(text.InsertionPoint(), 0.25);
+    text.Rotation(text.Rotation() + 0.25);
     ++turned;
   }
   return turned;

@@ -48,9 +48,10 @@ class Value {
            std::same_as<T, std::string> || std::same_as<T, Doubles> || std::same_as<T, Reference> ||
            std::same_as<T, List>) Value(T content)
       : content_(std::move(content)) {}  // NOLINT(google-explicit-constructor)
-  Value(std::string_view text)
-      : content_(std::string(text)) {}                      // NOLINT(google-explicit-constructor)
-  Value(const char* text) : content_(std::string(text)) {}  // NOLINT(google-explicit-constructor)
+  Value(std::string_view text)           // NOLINT(google-explicit-constructor)
+      : content_(std::in_place_type<std::string>, text) {}
+  Value(const char* text)  // NOLINT(google-explicit-constructor)
+      : content_(std::in_place_type<std::string>, text) {}
   template <class T>
   requires std::derived_from<T, Referenced> Value(
       std::shared_ptr<T> object)  // NOLINT(google-explicit-constructor)

@@ -99,8 +99,8 @@ class Drawing {
 
   // Records.
   const Record& record(RecordId id) const;
-  std::string_view kind_name(RecordId id) const;  // "LWPOLYLINE"
-  std::string object_name(RecordId id) const;     // "AcDbPolyline"
+  std::string_view kind_name(RecordId id) const;    // "LWPOLYLINE"
+  std::string_view object_name(RecordId id) const;  // "AcDbPolyline"
   /// The record of that handle, erased ones included; none if there never was one.
   RecordId find(Handle handle) const;
   /// Entities of a space in drawing order, without erased ones.

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <deque>
 
 #include "drawing/drawing.h"
 #include "drawing/dxf/record_tags.h"
@@ -68,27 +69,26 @@ std::string class_of(const Store& store, RecordId id) {
   return marker.empty() ? "AcDbEntity" : marker;
 }
 
-/// The number under which a class is remembered; 0 when there are too many.
-std::uint16_t number_of(std::vector<std::string>& names, const std::string& name) {
+/// The number under which a class is remembered. Classes beyond any real number of them share the
+/// last.
+std::uint16_t number_of(std::deque<std::string>& names, const std::string& name) {
+  constexpr std::size_t most = 1000;
   const auto known = std::find(names.begin(), names.end(), name);
   const auto number = static_cast<std::size_t>(known - names.begin()) + 1;
-  constexpr std::size_t most = 1000;
-  if (number > most) return 0;
+  if (number > most) return static_cast<std::uint16_t>(most);
   if (known == names.end()) names.push_back(name);
   return static_cast<std::uint16_t>(number);
 }
 
 }  // namespace
 
-std::string Drawing::object_name(RecordId id) const {
+std::string_view Drawing::object_name(RecordId id) const {
   const Record& entity = store_->at(id);
-  if (const std::string_view fixed = class_name(entity.kind); !fixed.empty()) {
-    return std::string(fixed);
+  if (const std::string_view fixed = class_name(entity.kind); !fixed.empty()) return fixed;
+  if (entity.class_number == 0) {
+    entity.class_number = number_of(store_->class_names, class_of(*store_, id));
   }
-  if (entity.class_number != 0) return store_->class_names[entity.class_number - 1u];
-  std::string name = class_of(*store_, id);
-  entity.class_number = number_of(store_->class_names, name);
-  return name;
+  return store_->class_names[entity.class_number - 1u];
 }
 
 }  // namespace velmar::drawing

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <map>
 #include <set>
 #include <unordered_map>
@@ -56,7 +57,7 @@ struct Store {
   std::unordered_map<std::uint32_t, std::uint32_t> anchors;  // of added records
   std::set<std::uint32_t> touched;  // source records with a patch, or erased
   std::set<std::uint32_t> added_since_save, modified_since_save, erased_since_save;
-  mutable std::vector<std::string> class_names;  // Record::class_number counts them from 1
+  mutable std::deque<std::string> class_names;  // Record::class_number counts them from 1
   std::uint64_t edition = 0, saved_edition = 0;
   std::optional<FileStamp> stamp;  // of the file at `path` as this drawing knows it
   bool any_erased = false;

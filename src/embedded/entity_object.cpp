@@ -15,7 +15,7 @@ Value EntityObject::get(Member member) {
     case Member::ObjectName:
       return drawing().object_name(id_);
     case Member::Layer:
-      return layer_name();
+      return std::string_view(layer_name());
     default:
       return translated([&] { return get_other(member); });
   }

@@ -72,7 +72,7 @@ TEST_P(Corpus, AgreesWithTheFactsOnModelSpace) {
   Counts classes;
   std::map<std::pair<std::string, std::string>, int> by_layer;
   for (const RecordId id : drawing.entities(SpaceId::model)) {
-    ++classes[drawing.object_name(id)];
+    ++classes[std::string(drawing.object_name(id))];
     ++by_layer[{drawing.layer(drawing.record(id).layer).name, std::string(drawing.kind_name(id))}];
   }
   EXPECT_EQ(classes, facts["model_by_class"].get<Counts>());
