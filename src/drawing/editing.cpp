@@ -86,24 +86,25 @@ bool is_paper(const Store& store, SpaceId space) {
 
 struct NewRecord {
   std::string_view kind;
-  std::string_view marker;  // the subclass that the field list does not name
+  // Subclasses that the field list does not name, or not by one name.
+  std::string_view marker = {}, second_marker = {};
 };
 
 NewRecord new_record(const Body& body) {
   struct Names {
     NewRecord operator()(const Opaque&) const { return {}; }
-    NewRecord operator()(const Line&) const { return {"LINE", ""}; }
-    NewRecord operator()(const Arc&) const { return {"ARC", ""}; }
-    NewRecord operator()(const Circle&) const { return {"CIRCLE", ""}; }
-    NewRecord operator()(const Ellipse&) const { return {"ELLIPSE", ""}; }
-    NewRecord operator()(const LwPolyline&) const { return {"LWPOLYLINE", ""}; }
+    NewRecord operator()(const Line&) const { return {"LINE"}; }
+    NewRecord operator()(const Arc&) const { return {"ARC"}; }
+    NewRecord operator()(const Circle&) const { return {"CIRCLE"}; }
+    NewRecord operator()(const Ellipse&) const { return {"ELLIPSE"}; }
+    NewRecord operator()(const LwPolyline&) const { return {"LWPOLYLINE"}; }
     NewRecord operator()(const Polyline& polyline) const {
       return {"POLYLINE", polyline.is_2d() ? "AcDb2dPolyline" : "AcDb3dPolyline"};
     }
-    NewRecord operator()(const Text&) const { return {"TEXT", ""}; }
-    NewRecord operator()(const PointMark&) const { return {"POINT", ""}; }
-    NewRecord operator()(const Attrib&) const { return {"ATTRIB", ""}; }
-    NewRecord operator()(const Attdef&) const { return {"ATTDEF", ""}; }
+    NewRecord operator()(const Text&) const { return {"TEXT"}; }
+    NewRecord operator()(const PointMark&) const { return {"POINT"}; }
+    NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
+    NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
     NewRecord operator()(const Insert& insert) const {
       return {"INSERT", insert.is_array() ? "AcDbMInsertBlock" : "AcDbBlockReference"};
     }
@@ -130,8 +131,8 @@ std::string new_bytes(const Store& store, const NewRecord& names, Handle handle,
   if (format.has_subclasses()) dxf::append_text(bytes, 100, "AcDbEntity", format);
   if (place.in_paper_space) dxf::append_integer(bytes, 67, 1, format);
   dxf::append_text(bytes, 8, layer, format);
-  if (format.has_subclasses() && !names.marker.empty()) {
-    dxf::append_text(bytes, 100, names.marker, format);
+  for (const std::string_view marker : {names.marker, names.second_marker}) {
+    if (format.has_subclasses() && !marker.empty()) dxf::append_text(bytes, 100, marker, format);
   }
   return bytes;
 }
@@ -168,31 +169,26 @@ RecordId add_record(Store& store, const Place& place, const NewRecord& names, co
       new_bytes(store, names, handle, place, common.layer);
   write_record(store, id, common, fields_of);
   follow_common(store, id, common);
+  // A part is no entity of its own in what is told of changes.
+  if (record.is(Record::part)) store.added_since_save.erase(static_cast<std::uint32_t>(id));
   return id;
+}
+
+/// Parts have nothing of their own but the layer of the entity they belong to.
+Common common_of_part(const Common& whole) {
+  Common common;
+  common.layer = whole.layer;
+  return common;
 }
 
 void add_vertex(Store& store, const Place& place, const Common& common,
                 const PolylineVertex& vertex, bool is_2d) {
-  Common of_part;
-  of_part.layer = common.layer;
-  const NewRecord names{"VERTEX", ""};
-  const RecordId id = add_record(store, place, names, of_part, PolylineVertex{}, Record::part);
-  // The two markers of a vertex stand one behind the other, before its fields.
-  std::string bytes = new_bytes(store, names, store.at(id).handle, place, common.layer);
-  if (store.format.has_subclasses()) {
-    dxf::append_text(bytes, 100, "AcDbVertex", store.format);
-    dxf::append_text(bytes, 100, is_2d ? "AcDb2dVertex" : "AcDb3dPolylineVertex", store.format);
-  }
-  store.patches[static_cast<std::uint32_t>(id)] = std::move(bytes);
-  write_record(store, id, of_part, vertex);
-  store.added_since_save.erase(static_cast<std::uint32_t>(id));
+  const NewRecord names{"VERTEX", "AcDbVertex", is_2d ? "AcDb2dVertex" : "AcDb3dPolylineVertex"};
+  add_record(store, place, names, common_of_part(common), vertex, Record::part);
 }
 
 void add_seqend(Store& store, const Place& place, const Common& common) {
-  Common of_part;
-  of_part.layer = common.layer;
-  const RecordId id = add_record(store, place, {"SEQEND", ""}, of_part, Opaque{}, Record::part);
-  store.added_since_save.erase(static_cast<std::uint32_t>(id));
+  add_record(store, place, {"SEQEND"}, common_of_part(common), Opaque{}, Record::part);
 }
 
 void mark_erased(Store& store, RecordId id) {

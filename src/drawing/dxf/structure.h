@@ -25,7 +25,6 @@ class Structure {
   void warn(std::size_t offset, std::string text);
   bool at_eof() const { return kind_ == Kind::eof; }
   bool has_section() const { return has_section_; }
-  RecordId current() const { return current_; }
 
  private:
   enum class Section { none, header, tables, blocks, entities, objects, other };
