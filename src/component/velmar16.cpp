@@ -4,6 +4,6 @@
 
 namespace velmar {
 
-Velmar16::Velmar16(std::shared_ptr<const System> system) : system_(std::move(system)) {}
+Velmar16::Velmar16(std::shared_ptr<System> system) : system_(std::move(system)) {}
 
 }  // namespace velmar

@@ -19,9 +19,9 @@ using basic::Value;
 /// table.
 class Velmar16 {
  public:
-  explicit Velmar16(std::shared_ptr<const System> system = std::make_shared<PlainSystem>());
+  explicit Velmar16(std::shared_ptr<System> system = std::make_shared<PlainSystem>());
 
-  const System& system() const { return *system_; }
+  System& system() const { return *system_; }
 
   Empty RotateAllText(std::string LayerName, double RotatValue, bool& ALLT);
 
@@ -145,7 +145,7 @@ class Velmar16 {
   bool title_block_unloaded = false, xref_unloaded = false;  // by Unload_TB and Unload_Xref
 
  private:
-  std::shared_ptr<const System> system_;
+  std::shared_ptr<System> system_;
 };
 
 }  // namespace velmar

@@ -63,7 +63,7 @@ TEST_F(Totals, AreRoundedHalfToEvenAndPrintedInTheUsersForm) {
               std::string("Total Length For Lines & Arcs On Layer: N Is: ") + text);
   }
 
-  struct CommaSystem : System {
+  struct CommaSystem : PlainSystem {
     basic::Separators separators() const override { return {.decimal = ',', .group = '.'}; }
   };
   host.document.picks = {line("comma", 1234.5)};

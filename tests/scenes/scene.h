@@ -1,0 +1,68 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "embedded/entity_scene.h"
+#include "embedded/host.h"
+#include "embedded/scripted_input.h"
+#include "host/document.h"
+#include "host/entity_cast.h"
+#include "scenes/caller.h"
+
+namespace velmar {
+
+/// A drawing open in the embedded host, in a folder of its own, and a user who has his answers
+/// ready. A test builds one, runs methods by their published names, and looks at what was said and
+/// at what the drawing has become.
+class Scene {
+ public:
+  /// With these entities, as lines "code value"; see embedded::drawing_text for what else there is.
+  explicit Scene(const std::string& entities);
+  /// With a copy of this drawing.
+  explicit Scene(const std::filesystem::path& drawing);
+  ~Scene();
+  Scene(const Scene&) = delete;
+  Scene& operator=(const Scene&) = delete;
+
+  /// Answers from now on; those not used so far are forgotten, and so is what was said.
+  Scene& answers(std::vector<std::string> answers);
+
+  template <class... Arguments>
+  Outcome run(std::string_view method, Arguments&&... arguments) {
+    return caller_->call(method, {basic::Value(std::forward<Arguments>(arguments))...});
+  }
+
+  /// Since the answers were given.
+  std::vector<std::string> asked() const;
+  std::vector<std::string> said() const;
+  std::size_t answers_left() const { return user_.left(); }
+
+  System& system() { return caller_->system(); }
+  /// The host's own objects, without COM between.
+  host::Application application() const { return host::Application(application_); }
+  host::Document document() const { return application().ActiveDocument(); }
+  template <class T>
+  T entity(std::string_view handle) const {
+    return host::as<T>(document().HandleToObject(handle));
+  }
+  bool has(std::string_view handle) const;
+  drawing::Drawing& drawing() const { return application_->active()->drawing; }
+
+  const std::filesystem::path& folder() const { return folder_; }
+  /// Writes a file into the folder; its path.
+  std::filesystem::path file(const std::string& name, const std::string& content) const;
+  std::string content(const std::string& name) const;
+
+ private:
+  void open(const std::filesystem::path& drawing);
+
+  std::filesystem::path folder_;
+  embedded::ScriptedInput user_;
+  std::shared_ptr<embedded::Application> application_;
+  std::unique_ptr<Caller> caller_;
+};
+
+}  // namespace velmar
