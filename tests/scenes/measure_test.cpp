@@ -27,9 +27,9 @@ TEST(Scenes, TotalLengthOfAPickedLayer) {
 
 TEST(Scenes, WhatAMethodWroteIsInTheArguments) {
   Scene scene(head("CIRCLE", "31") + "100 AcDbCircle\n10 5\n20 5\n30 0\n40 1\n");
-  const Outcome rounded = scene.run("RUP", std::int32_t{11}, 5.0);
+  const Outcome rounded = scene.run("RUP", 10.6, 5.0);
   EXPECT_EQ(rounded.result, Value(15.0));
-  EXPECT_EQ(basic::number(rounded.arguments[0]), 15);
+  EXPECT_EQ(basic::number(rounded.arguments[0]), 11);
   EXPECT_EQ(scene.run("RDN", std::int32_t{11}, 0.0).failure->number, basic::division_by_zero);
 }
 
