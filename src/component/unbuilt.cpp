@@ -21,10 +21,6 @@ Empty Velmar16::Text(std::string&, Value&, Value&, double&, double&, std::string
 }
 Empty Velmar16::ReplaceT(std::string&, std::string&) { not_built("ReplaceT"); }
 Empty Velmar16::ReplaceTL(std::string&, std::string&, std::string&) { not_built("ReplaceTL"); }
-Empty Velmar16::AlignDonut() { not_built("AlignDonut"); }
-Empty Velmar16::OMove(std::string&, double&, bool&, double&, double&) { not_built("OMove"); }
-Empty Velmar16::Alignement() { not_built("Alignement"); }
-Empty Velmar16::AlignDimension() { not_built("AlignDimension"); }
 Empty Velmar16::ReplaceTag() { not_built("ReplaceTag"); }
 Empty Velmar16::ReplaceInT(std::string&, std::string&, std::string&, bool&, bool&) {
   not_built("ReplaceInT");
@@ -39,12 +35,6 @@ Empty Velmar16::Replace(std::string&, bool&) { not_built("Replace"); }
 std::int16_t Velmar16::GetNOLayer(std::string) { not_built("GetNOLayer"); }
 std::int16_t Velmar16::GetNType(std::string) { not_built("GetNType"); }
 std::int16_t Velmar16::GetNTypeLayer(std::string, std::string) { not_built("GetNTypeLayer"); }
-Empty Velmar16::Hatch(Value&, Value&, Value&, double&) { not_built("Hatch"); }
-Empty Velmar16::HatchAligned(std::string&) { not_built("HatchAligned"); }
-Empty Velmar16::Sc(Value&, Value&, Value&, double&) { not_built("Sc"); }
-Empty Velmar16::DimAL(Value&, Value&, Value&, double&, std::string&, bool&, double&) {
-  not_built("DimAL");
-}
 Empty Velmar16::Mo2Lr(double&, std::string&, std::string&) { not_built("Mo2Lr"); }
 Empty Velmar16::TextBar(Value&, double&, Value&, Value&, std::int16_t&, Value&, Value&,
                         std::string&) {
@@ -55,7 +45,6 @@ Empty Velmar16::Hatch_Layer(std::string&) { not_built("Hatch_Layer"); }
 Empty Velmar16::Dim_Layer(std::string&) { not_built("Dim_Layer"); }
 Empty Velmar16::StrechText(std::string&, double&, bool&) { not_built("StrechText"); }
 Empty Velmar16::PurgeALLFolder(std::string&) { not_built("PurgeALLFolder"); }
-Empty Velmar16::ScaleXY(double&, double&) { not_built("ScaleXY"); }
 Empty Velmar16::FolderDwgDxf(std::string&) { not_built("FolderDwgDxf"); }
 Empty Velmar16::FolderDGN(std::string&) { not_built("FolderDGN"); }
 Empty Velmar16::FolderDxfDwg(std::string&) { not_built("FolderDxfDwg"); }

@@ -49,6 +49,8 @@ struct SelectionSets : Collection<SelectionSet> {
   }
 };
 
+enum class PatternType : std::int32_t { user_defined = 0 };
+
 struct ModelSpace : Collection<Entity> {
   using Collection::Collection;
 
@@ -60,6 +62,18 @@ struct ModelSpace : Collection<Entity> {
   }
   Circle AddCircle(const Point& center, double radius) const {
     return from_value<Circle>(call(Member::AddCircle, center, radius));
+  }
+  /// Through x, y, z triples; z is ignored.
+  HeavyPolyline AddPolyline(const basic::Doubles& triples) const {
+    return from_value<HeavyPolyline>(call(Member::AddPolyline, triples));
+  }
+  /// Without a boundary as yet. The name of a user-defined pattern has no effect.
+  Hatch AddHatch(PatternType type, std::string_view pattern, bool associative) const {
+    return from_value<Hatch>(
+        call(Member::AddHatch, static_cast<std::int32_t>(type), pattern, associative));
+  }
+  AlignedDimension AddDimAligned(const Point& first, const Point& second, const Point& text) const {
+    return from_value<AlignedDimension>(call(Member::AddDimAligned, first, second, text));
   }
 };
 
@@ -111,6 +125,11 @@ struct Document : View {
   Entity HandleToObject(std::string_view handle) const {
     return from_value<Entity>(call(Member::HandleToObject, handle));
   }
+
+  /// 0 the active viewport, 1 all of them; true is what commands of old pass.
+  void Regen(bool viewports) const { call(Member::Regen, viewports); }
+  /// Types the text onto the command line.
+  void SendCommand(std::string_view text) const { call(Member::SendCommand, text); }
 
   std::string Name() const { return get<std::string>(Member::Name); }
   std::string Path() const { return get<std::string>(Member::Path); }
