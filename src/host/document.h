@@ -113,6 +113,29 @@ struct Utility : View {
   }
 };
 
+/// A block definition; an external reference is one too.
+struct Block : View {
+  using View::View;
+
+  std::string Name() const { return get<std::string>(Member::Name); }
+  bool IsXRef() const { return get<bool>(Member::IsXRef); }
+  void Unload() const { call(Member::Unload); }
+  void Reload() const { call(Member::Reload); }
+};
+
+using Blocks = Collection<Block>;
+
+struct Layout : View {
+  using View::View;
+
+  static constexpr std::string_view model = "Model";  // the name of the one that is no paper
+
+  std::string Name() const { return get<std::string>(Member::Name); }
+  void Delete() const { call(Member::Delete); }
+};
+
+using Layouts = Collection<Layout>;
+
 struct Document : View {
   using View::View;
 
@@ -122,6 +145,10 @@ struct Document : View {
     return get<host::SelectionSets>(Member::SelectionSets);
   }
   host::Layers Layers() const { return get<host::Layers>(Member::Layers); }
+  host::Blocks Blocks() const { return get<host::Blocks>(Member::Blocks); }
+  host::Layouts Layouts() const { return get<host::Layouts>(Member::Layouts); }
+  Layout ActiveLayout() const { return get<Layout>(Member::ActiveLayout); }
+  void ActiveLayout(const Layout& layout) const { put(Member::ActiveLayout, layout); }
   Entity HandleToObject(std::string_view handle) const {
     return from_value<Entity>(call(Member::HandleToObject, handle));
   }
@@ -135,7 +162,15 @@ struct Document : View {
   std::string Path() const { return get<std::string>(Member::Path); }
   /// Empty until the drawing has been saved.
   std::string FullName() const { return get<std::string>(Member::FullName); }
+  /// One pass: what only a removed thing used goes with the next one.
+  void PurgeAll() const { call(Member::PurgeAll); }
   void Save() const { call(Member::Save); }
+  /// In the host's own format. The document has the new name from then on; the host adds the
+  /// extension.
+  void SaveAs(std::string_view file) const { call(Member::SaveAs, file); }
+  void SaveAs(std::string_view file, std::int32_t type) const { call(Member::SaveAs, file, type); }
+  /// Saves first where something has changed since.
+  void Close() const { call(Member::Close); }
   void Close(bool save_changes) const { call(Member::Close, save_changes); }
 };
 
@@ -148,10 +183,26 @@ struct Documents : Collection<Document> {
   }
 };
 
+/// The user's choices about opening and saving.
+struct OpenSave : View {
+  using View::View;
+
+  std::int32_t SaveAsType() const { return get<std::int32_t>(Member::SaveAsType); }
+  void SaveAsType(std::int32_t type) const { put(Member::SaveAsType, type); }
+};
+
+struct Preferences : View {
+  using View::View;
+
+  host::OpenSave OpenSave() const { return get<host::OpenSave>(Member::OpenSave); }
+};
+
 struct Application : View {
   using View::View;
 
   Document ActiveDocument() const { return get<Document>(Member::ActiveDocument); }
+  void ActiveDocument(const Document& document) const { put(Member::ActiveDocument, document); }
+  host::Preferences Preferences() const { return get<host::Preferences>(Member::Preferences); }
   host::Documents Documents() const { return get<host::Documents>(Member::Documents); }
   std::string Caption() const { return get<std::string>(Member::Caption); }
   void ZoomExtents() const { call(Member::ZoomExtents); }

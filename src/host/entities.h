@@ -165,6 +165,8 @@ struct BlockReference : Entity {
 
   std::string Name() const { return get<std::string>(Member::Name); }
   Point InsertionPoint() const { return get<Point>(Member::InsertionPoint); }
+  /// Adds the contents to the same space; the reference stays.
+  void Explode() const { call(Member::Explode); }
 };
 
 struct Hatch : Entity {
