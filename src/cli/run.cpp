@@ -15,25 +15,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-embedded::DocumentPointer open(embedded::Application& application, const std::string& file) {
-  std::error_code ignored;
-  if (fs::is_directory(file, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
-  try {
-    return application.open(file);
-  } catch (const basic::Failure& failure) {
-    throw drawing::Error(failure.description);
-  }
+std::shared_ptr<embedded::Application> start_host(embedded::Input& input,
+                                                  const std::string& journal) {
+  embedded::Options options;
+  if (!journal.empty()) options.journal = fs::absolute(journal);
+  return embedded::start(input, options);
 }
 
 }  // namespace
 
-Run::Run(std::span<const std::string> files, std::vector<std::string> answers)
-    : input_(std::move(answers)), application_(embedded::start(input_)) {
+Run::Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal)
+    : application_(start_host(input, journal)) {
   embedded::DocumentPointer first;
   for (const std::string& file : files) {
-    const embedded::DocumentPointer document = open(*application_, file);
-    show_warnings(file, document->drawing);
-    given_names_.emplace(document->drawing.path().string(), file);
+    const embedded::DocumentPointer document = open(file);
     if (!first) first = document;
   }
   if (first) application_->activate(first);
@@ -45,14 +40,27 @@ Run::~Run() {
   install_host_factory({});
 }
 
+embedded::DocumentPointer Run::open(const std::string& file) {
+  std::error_code ignored;
+  if (fs::is_directory(file, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
+  try {
+    const embedded::DocumentPointer document = application_->open(file);
+    show_warnings(file, document->drawing);
+    given_names_.emplace(document->drawing.path().string(), file);
+    return document;
+  } catch (const basic::Failure& failure) {
+    throw drawing::Error(failure.description);
+  }
+}
+
+void Run::activate(const embedded::DocumentPointer& document) { application_->activate(document); }
+
 void Run::call(CallRecord& record) {
   try {
-    Velmar16 velmar;
-    record.result = velmar::call(velmar, *record.method, record.arguments);
+    record.result = velmar::call(velmar_, *record.method, record.arguments);
   } catch (const basic::Failure& failure) {
     record.failure = failure;
   }
-  record.transcript = input_.transcript();
 }
 
 std::vector<embedded::DocumentPointer> Run::documents() const { return application_->documents(); }

@@ -51,6 +51,7 @@ struct Changes {
   bool empty() const { return added.empty() && modified.empty() && erased.empty(); }
 };
 
+class Journal;
 struct Store;  // what a drawing is made of, see store.h
 
 /// A DXF drawing, text or binary, R12 to the newest. It keeps the bytes it was read from: saving
@@ -142,6 +143,8 @@ class Drawing {
   /// whole. Refused where the target is the file this was read from and it has changed since.
   /// Afterwards the drawing is the file of that path.
   void save(const std::filesystem::path& path);
+  /// From now on every save is noted there before it takes effect.
+  void keep_journal(std::shared_ptr<Journal> journal);
   /// The whole drawing as it would be saved.
   std::string bytes() const;
 
