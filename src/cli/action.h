@@ -9,7 +9,13 @@ class App;
 namespace velmar::cli {
 
 /// What the program ends with.
-enum class ExitCode { done = 0, method_failed = 1, wrong_usage = 2, drawing_failed = 3, some_failed = 4 };
+enum class ExitCode {
+  done = 0,
+  method_failed = 1,
+  wrong_usage = 2,
+  drawing_failed = 3,
+  some_failed = 4
+};
 
 /// The work that the command line asks for.
 using Action = std::function<ExitCode()>;

@@ -55,6 +55,8 @@ embedded::DocumentPointer Run::open(const std::string& file) {
 
 void Run::activate(const embedded::DocumentPointer& document) { application_->activate(document); }
 
+void Run::close(const embedded::DocumentPointer& document) { application_->close(document); }
+
 void Run::call(CallRecord& record) {
   try {
     record.result = velmar::call(velmar_, *record.method, record.arguments);

@@ -27,6 +27,8 @@ class Run {
   /// Opens a drawing as the constructor does.
   embedded::DocumentPointer open(const std::string& file);
   void activate(const embedded::DocumentPointer& document);
+  /// Without saving.
+  void close(const embedded::DocumentPointer& document);
   /// Calls the record's method with its arguments and fills in result or failure. All calls are of
   /// one object.
   void call(CallRecord& record);

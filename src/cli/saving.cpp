@@ -58,7 +58,8 @@ void add_saving_options(CLI::App& command, SavingOptions& options) {
   command.add_flag("--save", options.in_place, "Save changed drawings in place");
   command.add_option("-o,--output", options.output, "Save the active drawing under another name");
   command.add_flag("--dry-run", options.dry_run, "Run and report, but save nothing");
-  command.add_flag("--backup", options.backup, "Keep what a save replaces, with .bak behind its name");
+  command.add_flag("--backup", options.backup,
+                   "Keep what a save replaces, with .bak behind its name");
   command.add_option("--journal", options.journal,
                      "Note in this file what each save replaces, for 'velmar undo'");
 }
