@@ -27,5 +27,6 @@ void add_info(CLI::App& program, Action& action);
 void add_script(CLI::App& program, Action& action);
 void add_batch(CLI::App& program, Action& action);
 void add_undo(CLI::App& program, Action& action);
+void add_diff(CLI::App& program, Action& action);
 
 }  // namespace velmar::cli

@@ -42,6 +42,7 @@ Action read_command_line(int argc, char** argv) {
   velmar::cli::add_script(program, action);
   velmar::cli::add_batch(program, action);
   velmar::cli::add_undo(program, action);
+  velmar::cli::add_diff(program, action);
   try {
     program.parse(argc, argv);
   } catch (const CLI::Success& help_or_version) {

@@ -12,6 +12,7 @@
 #include "drawing/entity.h"
 #include "drawing/geometry/box.h"
 #include "drawing/record.h"
+#include "drawing/tag_value.h"
 
 namespace velmar::drawing {
 
@@ -112,6 +113,9 @@ class Drawing {
   std::vector<RecordId> parts(RecordId id) const;
   /// The entity a part belongs to.
   RecordId whole(RecordId part) const;
+  /// All tags of the record, as they would be saved; a value that is not of its code's type is a
+  /// text.
+  std::vector<TagValue> tags(RecordId id) const;
   /// A number that grows with every edit: what was decoded before it changed is stale.
   std::uint64_t edition() const;
 
