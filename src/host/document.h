@@ -55,6 +55,10 @@ struct ModelSpace : Collection<Entity> {
   Text AddText(std::string_view text, const Point& at, double height) const {
     return from_value<Text>(call(Member::AddText, text, at, height));
   }
+  /// The text in the host's frame notation: "%%v" between two cells.
+  Tolerance AddTolerance(std::string_view text, const Point& at, const Point& direction) const {
+    return from_value<Tolerance>(call(Member::AddTolerance, text, at, direction));
+  }
   Line AddLine(const Point& start, const Point& end) const {
     return from_value<Line>(call(Member::AddLine, start, end));
   }
@@ -99,6 +103,8 @@ struct Utility : View {
   }
 };
 
+enum class Viewports : std::int32_t { active = 0, all = 1 };
+
 struct Document : View {
   using View::View;
 
@@ -108,6 +114,7 @@ struct Document : View {
     return get<host::SelectionSets>(Member::SelectionSets);
   }
   host::Layers Layers() const { return get<host::Layers>(Member::Layers); }
+  void Regen(Viewports which) const { call(Member::Regen, static_cast<std::int32_t>(which)); }
   Entity HandleToObject(std::string_view handle) const {
     return from_value<Entity>(call(Member::HandleToObject, handle));
   }
