@@ -54,7 +54,8 @@ class Stretch {
       accepted = true;
     });
     measure();
-    without_effect_ = accepted && length_ == before ? without_effect_ + 1 : 0;
+    const bool is_as_before = std::abs(length_ - before) <= same_length * length_;
+    without_effect_ = accepted && is_as_before ? without_effect_ + 1 : 0;
     refused_ = accepted ? 0 : refused_ + 1;
     hopeless_ = (accepted && length_ == 0) || without_effect_ == most_without_effect ||
                 refused_ == most_refused;
@@ -79,6 +80,7 @@ class Stretch {
   // does not depend on it, as with a text that stands on its head. A refused factor does not end
   // the stepping, but when all are refused, as on a locked layer, something must.
   static constexpr int most_without_effect = 2, most_refused = 10'000;
+  static constexpr double same_length = 1e-9;
 
   Velmar16& velmar_;
   ResumeNext& step_;
