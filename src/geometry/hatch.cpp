@@ -35,7 +35,7 @@ void fill(ResumeNext& step, const host::Hatch& hatch, const host::Entity& bounda
 }
 
 void show(ResumeNext& step) {
-  step([&] { active_document().Regen(true); });
+  step([&] { active_document().Regen(host::Viewports::basic_true); });
   step([&] { application().ZoomExtents(); });
 }
 

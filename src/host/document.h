@@ -57,6 +57,10 @@ struct ModelSpace : Collection<Entity> {
   Text AddText(std::string_view text, const Point& at, double height) const {
     return from_value<Text>(call(Member::AddText, text, at, height));
   }
+  /// The text in the host's frame notation: "%%v" between two cells.
+  Tolerance AddTolerance(std::string_view text, const Point& at, const Point& direction) const {
+    return from_value<Tolerance>(call(Member::AddTolerance, text, at, direction));
+  }
   Line AddLine(const Point& start, const Point& end) const {
     return from_value<Line>(call(Member::AddLine, start, end));
   }
@@ -136,6 +140,9 @@ struct Layout : View {
 
 using Layouts = Collection<Layout>;
 
+/// What is drawn anew. Some commands pass Basic's True, which hosts take as all of them or refuse.
+enum class Viewports : std::int32_t { basic_true = -1, active = 0, all = 1 };
+
 struct Document : View {
   using View::View;
 
@@ -149,12 +156,11 @@ struct Document : View {
   host::Layouts Layouts() const { return get<host::Layouts>(Member::Layouts); }
   Layout ActiveLayout() const { return get<Layout>(Member::ActiveLayout); }
   void ActiveLayout(const Layout& layout) const { put(Member::ActiveLayout, layout); }
+  void Regen(Viewports which) const { call(Member::Regen, static_cast<std::int32_t>(which)); }
   Entity HandleToObject(std::string_view handle) const {
     return from_value<Entity>(call(Member::HandleToObject, handle));
   }
 
-  /// 0 the active viewport, 1 all of them; true is what commands of old pass.
-  void Regen(bool viewports) const { call(Member::Regen, viewports); }
   /// Types the text onto the command line.
   void SendCommand(std::string_view text) const { call(Member::SendCommand, text); }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/value.h"
 #include "host/view.h"
@@ -158,12 +159,25 @@ struct MText : Entity {
   void TextString(std::string_view text) const { put(Member::TextString, text); }
 };
 
+/// A value that one insertion of a block carries. It is not listed in model space.
+struct Attribute : Entity {
+  static constexpr std::string_view class_name = "AcDbAttribute";
+  using Entity::Entity;
+
+  std::string TagString() const { return get<std::string>(Member::TagString); }
+  std::string TextString() const { return get<std::string>(Member::TextString); }
+  void TextString(std::string_view text) const { put(Member::TextString, text); }
+};
+
 /// An insertion of a block, also of an external reference.
 struct BlockReference : Entity {
   static constexpr std::string_view class_name = "AcDbBlockReference";
   using Entity::Entity;
 
   std::string Name() const { return get<std::string>(Member::Name); }
+  std::vector<Attribute> GetAttributes() const {
+    return from_list<Attribute>(call(Member::GetAttributes));
+  }
   Point InsertionPoint() const { return get<Point>(Member::InsertionPoint); }
   /// Adds the contents to the same space; the reference stays.
   void Explode() const { call(Member::Explode); }
