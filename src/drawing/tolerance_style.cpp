@@ -6,6 +6,7 @@
 
 #include "drawing/dxf/record_reader.h"
 #include "drawing/dxf/tag.h"
+#include "drawing/store.h"
 
 namespace velmar::drawing {
 namespace {

@@ -5,9 +5,11 @@
 #include <vector>
 
 #include "drawing/entities/tolerance.h"
-#include "drawing/store.h"
 
 namespace velmar::drawing {
+
+class Drawing;
+struct Store;
 
 /// Group codes from 1001 on, and values as text.
 using XData = std::vector<std::pair<int, std::string>>;

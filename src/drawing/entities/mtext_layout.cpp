@@ -92,7 +92,6 @@ class LineBreaker {
   }
   void take(const ParagraphEnd& end) {
     finish_word();
-    blanks_.clear();
     if (here_.line.empty()) here_.line.reserve(end.format.height);
     end_line();
     paragraph_begins_ = true;
@@ -111,7 +110,12 @@ class LineBreaker {
     here_.paragraph = paragraph_;
     here_.indent = indent;
   }
+  /// Blanks at the end of a line are left out; a line of them alone is a line.
   void end_line() {
+    for (const Atom& blank : blanks_) {
+      here_.line.reserve(std::get<Words>(blank.content).format.height);
+    }
+    blanks_.clear();
     lines_.push_back(std::move(here_));
     begin_line(paragraph_.left * unit_);
   }
@@ -127,10 +131,7 @@ class LineBreaker {
       }
     }
     const double room = limit_ - here_.indent - paragraph_.right * unit_;
-    if (end > room * (1 + 1e-9) && !here_.line.empty()) {
-      blanks_.clear();
-      end_line();
-    }
+    if (end > room * (1 + 1e-9) && !(here_.line.empty() && blanks_.empty())) end_line();
     put(blanks_);
     put(word_);
   }

@@ -26,12 +26,11 @@ class OutlineFont final : public Font {
       : library_(std::move(library)), face_(std::move(face)), file_(std::move(file)) {
     const double em = face_->units_per_EM > 0 ? face_->units_per_EM : 1000;
     constexpr double usual = 0.7;
-    units_ = em * usual;
-    if (capital > 0) {
-      units_ = em * capital;
-    } else if (load(U'H') && face_->glyph->metrics.horiBearingY > 0) {
-      units_ = static_cast<double>(face_->glyph->metrics.horiBearingY);
+    high_ = em * usual;
+    if (load(U'H') && face_->glyph->metrics.horiBearingY > 0) {
+      high_ = static_cast<double>(face_->glyph->metrics.horiBearingY);
     }
+    units_ = capital > 0 ? em * capital : high_;
   }
 
   Glyph glyph(char32_t character) const override {
@@ -57,7 +56,7 @@ class OutlineFont final : public Font {
     Glyph glyph{part(m.horiAdvance)};
     glyph.left = part(m.horiBearingX);
     glyph.right = part(m.horiBearingX + m.width);
-    glyph.top = part(m.horiBearingY);
+    glyph.top = static_cast<double>(m.horiBearingY) / high_;
     glyph.bottom = part(m.height - m.horiBearingY);
     glyph.drawn = !is_blank(character) && m.width > 0;
     return glyph;
@@ -66,7 +65,8 @@ class OutlineFont final : public Font {
   Library library_;
   Face face_;
   std::string file_;
-  double units_ = 1;  // of the font to a capital
+  double units_ = 1;  // of the font to a capital, as the font it stands for has it
+  double high_ = 1;   // of the font to its own capital
   FontPointer stand_in_ = stroke_font();
   mutable std::unordered_map<char32_t, Glyph> glyphs_;
 };

@@ -106,7 +106,7 @@ Measures iso_measures(char32_t c) {
 }
 
 Measures gdt_measures(char32_t c) {
-  constexpr Measures symbol{38, 32, 23, 2};
+  constexpr Measures symbol{38, 32, 21, 0};
   return c >= U'a' && c <= U'z' ? symbol : simplex_measures(c);
 }
 
