@@ -66,6 +66,19 @@ TEST(MTextLayout, PutsRunsWhereCodesSay) {
   }
 }
 
+TEST(MTextLayout, TakesAnyBytesInLinearTime) {
+  std::string bad;
+  for (const char* part : {"{", "}", "\\C", "\\S^", "\\H1e308x;", "\\C1e300;", "\\Qx;", "\\p",
+                           "\xE6", "\\f|b1;", "\\T0;", "\t", "%%", "\\"}) {
+    for (int i = 0; i < 20000; ++i) bad += part;
+    MText text = text_of(bad);
+    text.width = 100;
+    text.height = bad.size() % 2 == 0 ? 0 : 21;
+    const Box box = extents(text);
+    EXPECT_TRUE(box.empty() || std::isfinite(norm(box.max - box.min))) << part;
+  }
+}
+
 TEST(MTextLayout, BreaksLinesWhereTheyWouldBeTooLong) {
   MText text = text_of("a word wrap example a b c d e");
   text.width = 255;

@@ -212,8 +212,7 @@ TEST(Explode, KeepsNestedReferences) {
 }
 
 TEST(Explode, RefusesBeforeAnythingIsAdded) {
-  const std::string note =
-      inside("MLINE", "57", "8 0\n") + "100 AcDbMline\n2 STANDARD\n40 1\n";
+  const std::string note = inside("MLINE", "57", "8 0\n") + "100 AcDbMline\n2 STANDARD\n40 1\n";
   const auto refused = [](const std::string& content, const std::string& fields,
                           std::int32_t number, const std::string& named) {
     const EntityScene scene = with_part(part_line + content, reference(fields));

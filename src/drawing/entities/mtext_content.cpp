@@ -1,5 +1,6 @@
 #include "drawing/entities/mtext_content.h"
 
+#include <algorithm>
 #include <charconv>
 #include <numbers>
 #include <optional>
@@ -55,7 +56,7 @@ class Parser {
     rest_.remove_prefix(1);
     switch (c) {
       case '{':
-        return groups_.push_back(format_);
+        return open_group();
       case '}':
         return close_group();
       case '\n':
@@ -109,8 +110,9 @@ class Parser {
 
   void code_with_argument(char letter) {
     constexpr std::string_view known = "CcFfHWQTASp";
-    const std::size_t end = argument_end();
-    if (known.find(letter) == known.npos || end == rest_.npos) {
+    const bool is_known = known.find(letter) != known.npos;
+    const std::size_t end = is_known ? argument_end() : rest_.npos;
+    if (end == rest_.npos) {
       words_ += '\\';
       words_ += letter;
       return;
@@ -127,12 +129,14 @@ class Parser {
     }
   }
 
-  /// The semicolon that is not escaped.
-  std::size_t argument_end() const {
+  /// The semicolon that is not escaped. Where once none was found, none follows.
+  std::size_t argument_end() {
+    if (no_more_ends_) return rest_.npos;
     for (std::size_t i = 0; i < rest_.size(); ++i) {
       if (rest_[i] == ';') return i;
       if (rest_[i] == '\\') ++i;
     }
+    no_more_ends_ = true;
     return rest_.npos;
   }
 
@@ -142,11 +146,11 @@ class Parser {
     const bool relative = argument.starts_with('x');
     switch (letter) {
       case 'C':
-        format_.color = static_cast<std::int32_t>(*number);
+        format_.color = whole(*number);
         format_.true_color = -1;
         return;
       case 'c':
-        return true_color(static_cast<std::int32_t>(*number));
+        return true_color(whole(*number));
       case 'H':
         return scale(format_.height, *number, relative);
       case 'W':
@@ -161,9 +165,15 @@ class Parser {
     }
   }
 
+  static std::int32_t whole(double number) {
+    constexpr double largest = 0xFFFFFF;
+    return static_cast<std::int32_t>(std::clamp(number, 0.0, largest));
+  }
+
   static void scale(double& value, double number, bool relative) {
     const double scaled = relative ? value * number : number;
-    if (scaled > 0) value = scaled;
+    constexpr double largest = 1e9;
+    if (scaled > 0 && scaled < largest) value = scaled;
   }
 
   /// Kept: blue is the highest byte there.
@@ -222,6 +232,12 @@ class Parser {
     flag = value;
   }
 
+  /// Far deeper than any program nests them, groups mean nothing.
+  void open_group() {
+    constexpr std::size_t deepest = 1000;
+    if (groups_.size() < deepest) groups_.push_back(format_);
+  }
+
   void close_group() {
     if (groups_.empty()) return;  // one too many closes nothing
     finish_words();
@@ -245,6 +261,7 @@ class Parser {
   CharacterFormat format_;
   ParagraphFormat paragraph_;
   FontShelf& fonts_;
+  bool no_more_ends_ = false;
   std::vector<CharacterFormat> groups_;
   std::string words_;
   std::vector<Piece> pieces_;

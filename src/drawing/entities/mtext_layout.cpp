@@ -86,6 +86,7 @@ class LineBreaker {
     finish_word();
     put(blanks_);
     const double pitch = tab_pitch * unit_;
+    if (!(pitch > 0)) return;
     const double next = (std::floor(here_.line.pen() / pitch + 1e-9) + 1) * pitch;
     here_.line.skip(next - here_.line.pen());
     here_.line.reserve(tab.format.height);
