@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "drawing/entities/layer_row.h"
+#include "drawing/entities/text_style.h"
 #include "drawing/entity.h"
 #include "drawing/geometry/box.h"
 #include "drawing/record.h"
@@ -98,6 +99,15 @@ class Drawing {
   /// Names of the rows of a table ("LTYPE", "STYLE"), in its order.
   std::vector<std::string> table(std::string_view name) const;
   bool has_row(std::string_view table, std::string_view name) const;
+  /// None where there is no such row.
+  RecordId find_row(std::string_view table, std::string_view name) const;
+  std::vector<RecordId> text_styles() const;  // rows of shapes left out
+  TextStyle read_text_style(RecordId id) const;
+  void write_text_style(RecordId id, const TextStyle& style);
+  /// Fails where the file has no table for it.
+  RecordId add_text_style(const std::string& name);
+  /// What a style says of its texts; a plain stroke font where there is no such style.
+  TextLook look(std::string_view style) const;
 
   // Records.
   const Record& record(RecordId id) const;
@@ -123,6 +133,8 @@ class Drawing {
   Entity read(RecordId id) const;
   Common read_common(RecordId id) const;
   Body read_body(RecordId id) const;
+  /// Gives a text, whose style was changed in memory, that style's font; nothing for other kinds.
+  void apply_style(Body& body) const;
   /// Brings the record to these values; bytes of values that stay the same are not touched.
   void write(RecordId id, const Entity& entity);
   void write_common(RecordId id, const Common& common);

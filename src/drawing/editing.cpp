@@ -5,6 +5,7 @@
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_edit.h"
 #include "drawing/store.h"
+#include "drawing/tolerance_style.h"
 
 namespace velmar::drawing {
 namespace {
@@ -33,6 +34,10 @@ Body empty_body(Kind kind) {
       return Insert{};
     case Kind::point:
       return PointMark{};
+    case Kind::mtext:
+      return MText{};
+    case Kind::tolerance:
+      return Tolerance{};
     default:
       return Opaque{};
   }
@@ -105,6 +110,8 @@ NewRecord new_record(const Body& body) {
     NewRecord operator()(const PointMark&) const { return {"POINT"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
     NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
+    NewRecord operator()(const MText&) const { return {"MTEXT"}; }
+    NewRecord operator()(const Tolerance&) const { return {"TOLERANCE"}; }
     NewRecord operator()(const Insert& insert) const {
       return {"INSERT", insert.is_array() ? "AcDbMInsertBlock" : "AcDbBlockReference"};
     }
@@ -237,6 +244,16 @@ Polyline heavy(const LwPolyline& light) {
   return polyline;
 }
 
+/// Kinds that R12 has not, though it has others like them.
+void refuse_in_r12(const Store& store, const Body& body) {
+  const std::string_view kind = new_record(body).kind;
+  const bool is_newer = kind == "ELLIPSE" || kind == "MTEXT" || kind == "TOLERANCE";
+  if (is_newer) {
+    throw Error(store.name + ": an R12 drawing cannot hold " + (kind == "ELLIPSE" ? "an " : "a ") +
+                std::string(kind));
+  }
+}
+
 }  // namespace
 
 Entity Drawing::read(RecordId id) const { return {read_common(id), read_body(id)}; }
@@ -256,6 +273,8 @@ Body Drawing::read_body(RecordId id) const {
       read_record(*store_, part, polyline->vertices.emplace_back());
     }
   }
+  apply_style(body);
+  if (auto* tolerance = std::get_if<Tolerance>(&body)) read_overrides(*tolerance, read_xdata(id));
   return body;
 }
 
@@ -277,6 +296,10 @@ void Drawing::write_body(RecordId id, const Body& body) {
   if (const auto* polyline = std::get_if<Polyline>(&body)) {
     write_vertices(*store_, id, parts(id), *polyline);
   }
+  if (const auto* tolerance = std::get_if<Tolerance>(&body)) {
+    const XData before = read_xdata(id), after = with_overrides(*store_, *this, *tolerance, before);
+    if (after != before) write_xdata(id, after);
+  }
 }
 
 RecordId Drawing::add(SpaceId space, const Entity& entity) {
@@ -284,9 +307,7 @@ RecordId Drawing::add(SpaceId space, const Entity& entity) {
     if (const auto* light = std::get_if<LwPolyline>(&entity.body)) {
       return add(space, {entity.common, heavy(*light)});
     }
-    if (std::holds_alternative<Ellipse>(entity.body)) {
-      throw Error(store_->name + ": an R12 drawing cannot hold an ELLIPSE");
-    }
+    refuse_in_r12(*store_, entity.body);
   }
   const NewRecord names = new_record(entity.body);
   if (names.kind.empty() || names.kind == "ATTRIB") {

@@ -11,9 +11,11 @@
 #include "drawing/entities/insert.h"
 #include "drawing/entities/line.h"
 #include "drawing/entities/lwpolyline.h"
+#include "drawing/entities/mtext.h"
 #include "drawing/entities/point_mark.h"
 #include "drawing/entities/polyline.h"
 #include "drawing/entities/text.h"
+#include "drawing/entities/tolerance.h"
 
 namespace velmar::drawing {
 
@@ -25,7 +27,7 @@ void fields(Fields&, Opaque&) {}
 
 /// One alternative for each kind that has fields.
 using Body = std::variant<Opaque, Line, Arc, Circle, Ellipse, LwPolyline, Polyline, Text, Attrib,
-                          Attdef, Insert, PointMark>;
+                          Attdef, Insert, PointMark, MText, Tolerance>;
 
 struct Entity {
   Common common;

@@ -28,6 +28,7 @@ struct TableMarks {
 struct TableRow {
   std::string table;  // "LTYPE"
   std::string name;
+  RecordId record = RecordId::none;
 };
 
 /// What a drawing is made of. The records of the source tile it: each goes from its `begin` to the
@@ -59,6 +60,9 @@ struct Store {
   std::set<std::uint32_t> touched;  // source records with a patch, or erased
   std::set<std::uint32_t> added_since_save, modified_since_save, erased_since_save;
   mutable std::deque<std::string> class_names;  // Record::class_number counts them from 1
+  /// Of the text styles that were asked for, by the names that texts give them.
+  std::unordered_map<std::string, TextLook> looks;
+  FontShelfPointer fonts = std::make_shared<FontShelf>();
   std::uint64_t edition = 0, saved_edition = 0;
   std::shared_ptr<Journal> journal;  // of saves; null: none is kept
   std::optional<FileStamp> stamp;    // of the file at `path` as this drawing knows it

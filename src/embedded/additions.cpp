@@ -64,6 +64,32 @@ Value add_text(BlockObject& block, Arguments& arguments) {
   return add(block, text);
 }
 
+/// As high as texts are by default.
+Value add_mtext(BlockObject& block, Arguments& arguments) {
+  drawing::MText text;
+  text.insertion = arguments.point(0, "InsertionPoint");
+  text.width = arguments.number(1);
+  if (text.width < 0) throw failure(HostError::invalid_input);
+  text.text = arguments.text(2);
+  text.height = current_text_height(*block.document());
+  text.style = current_text_style(*block.document());
+  return add(block, text);
+}
+
+Value add_tolerance(BlockObject& block, Arguments& arguments) {
+  drawing::Tolerance tolerance;
+  tolerance.text = arguments.text(0);
+  tolerance.insertion = arguments.point(1, "InsertionPoint");
+  const Point direction = arguments.point(2, "Direction");
+  const double size = std::hypot(direction.x, direction.y);
+  if (!(size > 0)) throw failure(HostError::invalid_input);
+  tolerance.direction = Point{direction.x / size, direction.y / size, 0};
+  tolerance.style = current_dimension_style(*block.document());
+  drawing::Body body = tolerance;
+  block.document()->drawing.apply_style(body);
+  return add(block, std::move(body));
+}
+
 /// So many numbers a vertex, two vertices at least.
 const basic::Doubles& vertex_list(const Arguments& arguments, std::string_view parameter,
                                   std::size_t numbers_each) {
@@ -113,7 +139,9 @@ constexpr std::array rows{
     Method<BlockObject>{Member::AddCircle, Effect::changes, 2, 2, add_circle},
     Method<BlockObject>{Member::AddArc, Effect::changes, 4, 4, add_arc},
     Method<BlockObject>{Member::AddEllipse, Effect::changes, 3, 3, add_ellipse},
+    Method<BlockObject>{Member::AddMText, Effect::changes, 3, 3, add_mtext},
     Method<BlockObject>{Member::AddText, Effect::changes, 3, 3, add_text},
+    Method<BlockObject>{Member::AddTolerance, Effect::changes, 3, 3, add_tolerance},
     Method<BlockObject>{Member::AddLightWeightPolyline, Effect::changes, 1, 1,
                         add_light_weight_polyline},
     Method<BlockObject>{Member::AddPolyline, Effect::changes, 1, 1, add_polyline},

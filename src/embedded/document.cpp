@@ -7,6 +7,7 @@
 #include "embedded/block_object.h"
 #include "embedded/blocks_object.h"
 #include "embedded/current.h"
+#include "embedded/current_style.h"
 #include "embedded/document_members.h"
 #include "embedded/document_name.h"
 #include "embedded/errors.h"
@@ -16,6 +17,8 @@
 #include "embedded/objects.h"
 #include "embedded/selection_sets.h"
 #include "embedded/session.h"
+#include "embedded/text_style_object.h"
+#include "embedded/text_styles_object.h"
 #include "embedded/variables.h"
 
 namespace velmar::embedded {
@@ -49,6 +52,8 @@ Value Document::get(Member member) {
       return std::make_shared<LayerObject>(state_, current_layer(*state_));
     case Member::ActiveSpace:
       return std::int32_t{model_is_active ? 1 : 0};
+    case Member::ActiveTextStyle:
+      return active_text_style();
     case Member::Blocks:
       return std::make_shared<BlocksObject>(state_);
     case Member::FullName:
@@ -69,6 +74,8 @@ Value Document::get(Member member) {
       return !state_->drawing.is_changed();
     case Member::SelectionSets:
       return std::make_shared<SelectionSets>(state_, input_);
+    case Member::TextStyles:
+      return std::make_shared<TextStylesObject>(state_);
     case Member::Utility:
       return utility_;
     default:
@@ -83,6 +90,8 @@ void Document::put(Member member, const Value& value) {
       return put_active_layer(value);
     case Member::ActiveSpace:
       return embedded::set_variable(*state_, "TILEMODE", value);  // 0 is paper in both
+    case Member::ActiveTextStyle:
+      return put_active_text_style(value);
     default:
       throw no_such_member(member);
   }
@@ -232,6 +241,21 @@ void Document::put_active_layer(const Value& value) {
     throw invalid_argument("Layer", Member::ActiveLayer);
   }
   embedded::set_variable(*state_, "CLAYER", layer->get(Member::Name));
+}
+
+Value Document::active_text_style() const {
+  const drawing::RecordId row = state_->drawing.find_row("STYLE", current_text_style(*state_));
+  if (row == drawing::RecordId::none) throw failure(HostError::key_not_found);
+  return std::make_shared<TextStyleObject>(state_, row);
+}
+
+void Document::put_active_text_style(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto style = reference ? std::dynamic_pointer_cast<TextStyleObject>(*reference) : nullptr;
+  if (!style || &style->document() != state_.get()) {
+    throw invalid_argument("Style", Member::ActiveTextStyle);
+  }
+  embedded::set_variable(*state_, "TEXTSTYLE", style->get(Member::Name));
 }
 
 }  // namespace velmar::embedded

@@ -64,6 +64,8 @@ class Document final : public PlainObject {
   Value space(drawing::SpaceId id) const;
   void write(const std::filesystem::path& path);
   void put_active_layer(const Value& value);
+  Value active_text_style() const;
+  void put_active_text_style(const Value& value);
 
   DocumentPointer state_;
   std::weak_ptr<Session> session_;

@@ -8,6 +8,7 @@
 #include "embedded/errors.h"
 #include "embedded/layer_object.h"
 #include "embedded/object_ids.h"
+#include "embedded/text_style_object.h"
 
 namespace velmar::embedded {
 namespace {
@@ -77,6 +78,7 @@ basic::Value make_object(const DocumentPointer& document, RecordId id) {
       return std::make_shared<BlockObject>(document, *space);
     }
   }
+  if (record.kind == Kind::style) return std::make_shared<TextStyleObject>(document, id);
   const bool is_entity = record.layer != drawing::LayerId::none &&
                          (record.space != drawing::SpaceId::none || record.is(Record::part));
   if (is_entity) return make_entity(document, id);

@@ -57,6 +57,18 @@ bool FieldReader::read(int code, Degrees& value) {
   return true;
 }
 
+bool FieldReader::read(int code, Chunked& value) {
+  const auto& tags = record_.tags();
+  std::string joined;  // before it is decoded: a character may be cut between two pieces
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    if (tags[i].code == value.before && !tags[i].in_group) joined += record_.text(tags[i]);
+  }
+  const Tag* last = range_.find(code);
+  if (last) joined += record_.text(*last);
+  if (!joined.empty() || last) value.text = decode_text(joined, record_.format());
+  return last != nullptr;
+}
+
 void FieldReader::vertices(std::vector<BulgeVertex>& list) {
   list.clear();
   const auto& tags = record_.tags();

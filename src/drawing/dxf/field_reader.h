@@ -23,9 +23,11 @@ inline constexpr double radians_of_degree = std::numbers::pi / 180;
 class FieldReader {
  public:
   explicit FieldReader(const RecordTags& record) : record_(record), range_(record) {}
+  FieldReader(const RecordTags& record, const TagRange& range) : record_(record), range_(range) {}
 
   void subclass(std::string_view name) { range_.subclass(name); }
   void any_subclass() { range_.any_subclass(); }
+  bool embedded_object() { return false; }  // it repeats what the subclass says
 
   template <class T>
   void operator()(std::string_view /*name*/, int code, T&& field) {
@@ -48,6 +50,7 @@ class FieldReader {
   bool read(int code, Point& value);
   bool read(int code, Ocs& value) { return read(code, value.point); }
   bool read(int code, Degrees& value);
+  bool read(int code, Chunked& value);
   bool take_real(const Tag& tag, double& value);
   void report(const Tag& tag, std::string_view expected);
 

@@ -20,6 +20,8 @@ class FieldWriter {
 
   void subclass(std::string_view name);
   void any_subclass();
+  /// Its fields are written where it has them, and never put in.
+  bool embedded_object();
 
   template <class T>
   void operator()(std::string_view /*name*/, int code, const T& field) {
@@ -48,6 +50,7 @@ class FieldWriter {
 
   static const Point& value_of(const Ocs& field) { return field.point; }
   static double value_of(const Degrees& field) { return field.radians; }
+  static const std::string& value_of(const Chunked& field) { return field.text; }
   template <class T>
   static const T& value_of(const T& field) {
     return field;
@@ -59,17 +62,20 @@ class FieldWriter {
   void write(int code, const Point& value, bool omit);
   void write(int code, const Ocs& value, bool omit) { write(code, value.point, omit); }
   void write(int code, const Degrees& value, bool omit);
+  void write(int code, const Chunked& value, bool omit);
   void write_real(const Tag& tag, double value);
   void replace(const Tag& tag, std::string bytes);
   void insert(std::string bytes);
   void pass(const Tag& tag) { insert_at_ = std::max(insert_at_, tag.next); }
   void enter(bool found);
+  std::string chunks(int code, const Chunked& value) const;
   void append_vertex(std::string& out, const BulgeVertex& vertex) const;
 
   const RecordTags& record_;
   const Format& format_;
   TagRange range_;
   bool complete_;
+  bool only_present_ = false;
   std::uint32_t insert_at_;
   std::vector<Edit> edits_;
 };

@@ -51,6 +51,9 @@ class TagRange {
   bool subclass(std::string_view name);
   /// Goes on to the next subclass but AcDbEntity.
   bool any_subclass();
+  /// Goes on to an object that is embedded in the subclass (behind group 101), of which the
+  /// subclass itself does not see the tags; false, and nothing is found, where there is none.
+  bool embedded_object();
   /// The first tag of that code in the range, or null.
   const Tag* find(int code) const;
   std::size_t first() const { return first_; }
@@ -59,6 +62,7 @@ class TagRange {
  private:
   template <class Wanted>
   bool advance(Wanted wanted);
+  std::size_t end_of_part(std::size_t first) const;
 
   const RecordTags& record_;
   std::size_t first_ = 1, last_;

@@ -200,7 +200,7 @@ void Structure::end_table_row() {
   if (marks.first_row == RecordId::none) marks.first_row = current_;
   if (kind_ == Kind::layer) return end_layer();
   if (kind_ == Kind::block_record) return end_block_record();
-  store_.rows.push_back({table_, reader.first_text(2)});
+  store_.rows.push_back({table_, reader.first_text(2), current_});
 }
 
 void Structure::end_layer() {

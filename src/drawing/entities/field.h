@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "drawing/geometry/point.h"
 
 /// The words of an entity's field list. A list is a function template `fields(visitor, entity)`
@@ -8,9 +10,11 @@
 /// the property get and put of the host.
 ///
 /// A visitor has: operator()(name, code, value) and (name, code, value, unless) for value types
-/// double, int32, string, Point, Ocs and Degrees; subclass(name): the fields that follow stand in
-/// the next subclass of that name; any_subclass(): in the next one, whatever its name; count(code,
-/// list): how many there are; vertices(list): the repeated groups of a lightweight polyline.
+/// double, int32, string, Point, Ocs, Degrees and Chunked; subclass(name): the fields that follow
+/// stand in the next subclass of that name; any_subclass(): in the next one, whatever its name;
+/// count(code, list): how many there are; embedded_object(): true where what follows is to be
+/// brought to the values too in an object embedded in the subclass; vertices(list): the repeated
+/// groups of a lightweight polyline.
 namespace velmar::drawing {
 
 /// A field that is left out of the file when it has this value.
@@ -32,5 +36,13 @@ struct Degrees {
   double& radians;
 };
 inline Degrees degrees(double& radians) { return {radians}; }
+
+/// A long text. In the file it stands in pieces of at most 250 bytes: all but the last one under
+/// the group code `before`, the last one under the field's own.
+struct Chunked {
+  std::string& text;
+  int before;
+};
+inline Chunked chunked(std::string& text, int before) { return {text, before}; }
 
 }  // namespace velmar::drawing

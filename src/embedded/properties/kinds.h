@@ -18,6 +18,8 @@ std::span<const Property<drawing::LwPolyline>> properties(const drawing::LwPolyl
 std::span<const Property<drawing::Polyline>> properties(const drawing::Polyline&);
 std::span<const Property<drawing::Text>> properties(const drawing::Text&);
 std::span<const Property<drawing::Attrib>> properties(const drawing::Attrib&);
+std::span<const Property<drawing::MText>> properties(const drawing::MText&);
+std::span<const Property<drawing::Tolerance>> properties(const drawing::Tolerance&);
 
 std::span<const Method<drawing::LwPolyline>> methods(const drawing::LwPolyline&);
 std::span<const Method<drawing::Polyline>> methods(const drawing::Polyline&);
