@@ -79,30 +79,7 @@ std::string_view Drawing::kind_name(RecordId id) const {
 }
 std::uint64_t Drawing::edition() const { return store_->edition; }
 
-RecordId Drawing::find(Handle handle) const {
-  const auto& order = store_->by_handle;
-  if (handle == 0 || order.empty()) return RecordId::none;
-  const auto handle_at = [&](std::size_t i) { return store_->records[order[i]].handle; };
-  // Who looks up one entity after the other finds each a little behind the one before.
-  std::size_t low = std::min(store_->latest_find, order.size() - 1), high = order.size();
-  if (handle_at(low) > handle) {
-    high = low;
-    low = 0;
-  }
-  for (std::size_t step = 1; low + step < high; step *= 2) {
-    if (handle_at(low + step) > handle) {
-      high = low + step;
-      break;
-    }
-    low += step;
-  }
-  while (high - low > 1) {
-    const std::size_t middle = low + (high - low) / 2;
-    (handle_at(middle) > handle ? high : low) = middle;
-  }
-  store_->latest_find = low;
-  return handle_at(low) == handle ? static_cast<RecordId>(order[low]) : RecordId::none;
-}
+RecordId Drawing::find(Handle handle) const { return store_->find(handle); }
 
 std::vector<RecordId> Drawing::entities(SpaceId space) const {
   std::vector<RecordId> alive = store_->spaces.at(index(space)).entities;

@@ -33,6 +33,7 @@ struct Space {
   Point base;
   std::string path;  // of an external reference
   bool is_layout = false;
+  bool erased = false;  // nothing of it is left but its number
   std::vector<RecordId> entities;  // in drawing order, erased ones included: see Drawing::entities
 
   bool is_xref() const { return (flags & (xref_flag | overlay_flag)) != 0; }

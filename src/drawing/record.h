@@ -29,7 +29,8 @@ struct Record {
     added = 4,           // not in the file it was read from
     patched = 8,         // has bytes of its own in place of the file's
     damaged = 16,        // a line of it is no DXF; kept as it is
-    handle_is_ours = 32  // the file gives none, or one that another record has
+    handle_is_ours = 32,  // the file gives none, or one that another record has
+    moved = 64            // of the source, but saved at another place of it
   };
 
   std::uint64_t begin = 0;  // offset of its group 0 in the source
@@ -43,6 +44,8 @@ struct Record {
       0;  // of Drawing::object_name, where it depends on the record; 0: not known yet
 
   bool is(Flag flag) const { return (flags & flag) != 0; }
+  /// Saved before some record of the source, not where the source has it.
+  bool is_placed() const { return (flags & (added | moved)) != 0; }
 };
 static_assert(sizeof(Record) == 32);
 
