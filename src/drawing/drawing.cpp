@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "drawing/dictionaries.h"
 #include "drawing/dxf/loader.h"
 #include "drawing/dxf/record_reader.h"
 #include "drawing/dxf/record_tags.h"
+#include "drawing/references.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -109,10 +111,25 @@ std::vector<RecordId> Drawing::parts(RecordId id) const {
 }
 
 bool Drawing::has_extension_dictionary(RecordId id) const {
+  return extension_dictionary(id) != RecordId::none;
+}
+
+RecordId Drawing::extension_dictionary(RecordId id) const {
   const dxf::RecordTags record(store_->bytes(id), store_->format);
-  return std::any_of(record.tags().begin(), record.tags().end(), [&](const dxf::Tag& tag) {
-    return tag.code == 102 && record.text(tag) == "{ACAD_XDICTIONARY";
-  });
+  bool is_it = false;
+  for (const dxf::Tag& tag : record.tags()) {
+    if (tag.code == 102) is_it = record.text(tag) == "{ACAD_XDICTIONARY";
+    if (!is_it || reference_of(tag.code) == Reference::none) continue;
+    const RecordId found = find(parse_handle(record.text(tag)));
+    const bool is_there = found != RecordId::none && !store_->at(found).is(Record::erased);
+    return is_there ? found : RecordId::none;
+  }
+  return RecordId::none;
+}
+
+RecordId Drawing::root_dictionary() const { return drawing::root_dictionary(*store_); }
+std::vector<DictionaryEntry> Drawing::dictionary_entries(RecordId dictionary) const {
+  return drawing::dictionary_entries(*store_, dictionary);
 }
 
 RecordId Drawing::whole(RecordId part) const { return store_->whole(part); }

@@ -46,6 +46,12 @@ struct Layout {
   RecordId record = RecordId::none;
 };
 
+/// An object under a name in a dictionary.
+struct DictionaryEntry {
+  std::string name;
+  Handle object = 0;
+};
+
 /// What differs from the file as it was read or last saved.
 struct Changes {
   std::vector<Handle> added, modified, erased;  // in the order of the drawing
@@ -82,6 +88,8 @@ class Drawing {
   std::vector<Warning> check() const;
   /// A header variable's first value as text ("$CLAYER"); nothing where the file has none.
   std::optional<std::string> header(std::string_view name) const;
+  /// Nothing is done where the file has no header.
+  void set_header(std::string_view name, int code, std::int32_t value);
   /// $EXTMIN and $EXTMAX, where the header has them and they make a box.
   std::optional<Box> header_extents() const;
 
@@ -94,6 +102,27 @@ class Drawing {
   const std::vector<Space>& spaces() const;  // model space first
   std::optional<SpaceId> find_space(std::string_view name) const;
   const std::vector<Layout>& layouts() const;  // "Model" first, then by tab
+  // Layouts are known by their space. "Model" cannot be changed.
+  /// The space is the one that is worked in: $TILEMODE, and for a sheet the block *Paper_Space.
+  void activate_layout(SpaceId space);
+  SpaceId add_layout(const std::string& name);
+  void rename_layout(SpaceId sheet, const std::string& name);
+  /// To a position from 1; the tabs are counted anew.
+  void move_tab(SpaceId sheet, std::int32_t tab);
+  /// With its entities. In place of the last one an empty "Layout1" is made.
+  void erase_layout(SpaceId sheet);
+  // Block definitions.
+  SpaceId add_block(const std::string& name, Point base);
+  void erase_block(SpaceId id);
+  void rename_block(SpaceId id, const std::string& name);  // in its references too
+  void write_block(SpaceId id, Point base, std::int32_t flags, const std::string& path);
+  std::vector<RecordId> references_to(SpaceId block) const;  // INSERT, in all spaces
+  // Dictionaries and rows of tables.
+  RecordId root_dictionary() const;  // none where the file has none
+  std::vector<DictionaryEntry> dictionary_entries(RecordId dictionary) const;
+  RecordId extension_dictionary(RecordId id) const;
+  /// Rows of a table but LAYER and BLOCK_RECORD, in its order.
+  std::vector<RecordId> rows(std::string_view table) const;
   /// Names of the rows of a table ("LTYPE", "STYLE"), in its order.
   std::vector<std::string> table(std::string_view name) const;
   bool has_row(std::string_view table, std::string_view name) const;

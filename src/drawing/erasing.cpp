@@ -113,16 +113,20 @@ class Lists {
       const RecordId id = store_.find(named);
       if (id != RecordId::none) ids_.insert(static_cast<std::uint32_t>(id));
     });
-    any_insert_ = any_insert_ || store_.at(erased).kind == Kind::insert;
+    const Record& record = store_.at(erased);
+    any_insert_ = any_insert_ || record.kind == Kind::insert;
+    any_object_ = any_object_ || (record.space == SpaceId::none && record.kind >= Kind::dictionary);
   }
 
-  /// Groups and drawing orders list entities that need not know of it.
+  /// Lists of what need not know of it: groups, drawing orders, dictionaries.
   void add_listing_kinds() {
     for (std::uint32_t i = 0; i < store_.records.size(); ++i) {
       const Kind kind = store_.records[i].kind;
       const bool lists = kind >= Kind::others && (store_.kind_name(kind) == "GROUP" ||
                                                   store_.kind_name(kind) == "SORTENTSTABLE");
-      if (lists || (any_insert_ && kind == Kind::block_record)) ids_.insert(i);
+      const bool listing = lists || (any_insert_ && kind == Kind::block_record) ||
+                           (any_object_ && kind == Kind::dictionary);
+      if (listing) ids_.insert(i);
     }
   }
 
@@ -131,7 +135,7 @@ class Lists {
  private:
   const Store& store_;
   std::set<std::uint32_t> ids_;
-  bool any_insert_ = false;
+  bool any_insert_ = false, any_object_ = false;
 };
 
 }  // namespace

@@ -318,12 +318,7 @@ void Structure::finish_layouts() {
     store_.layouts.push_back(named.layout);
   }
   current_ = RecordId::none;
-  if (layouts_.empty()) {
-    if (const auto paper = store_.find_space("*Paper_Space");
-        paper && !store_.spaces[index(*paper)].entities.empty()) {
-      store_.layouts.push_back({"Layout1", 1, *paper, RecordId::none});
-    }
-  }
+  if (layouts_.empty()) store_.layouts.push_back({"Layout1", 1, paper_space(), RecordId::none});
   std::stable_sort(store_.layouts.begin() + 1, store_.layouts.end(),
                    [](const Layout& a, const Layout& b) { return a.tab < b.tab; });
 }
