@@ -8,7 +8,8 @@
 
 namespace velmar::drawing {
 
-// DICTIONARY objects: names with the handles of objects. None where the file has no such dictionary.
+// DICTIONARY objects: names with the handles of objects. None where the file has no such
+// dictionary.
 
 /// The dictionary that holds all others: the first of the OBJECTS section.
 RecordId root_dictionary(const Store& store);

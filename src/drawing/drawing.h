@@ -33,7 +33,7 @@ struct Space {
   Point base;
   std::string path;  // of an external reference
   bool is_layout = false;
-  bool erased = false;  // nothing of it is left but its number
+  bool erased = false;             // nothing of it is left but its number
   std::vector<RecordId> entities;  // in drawing order, erased ones included: see Drawing::entities
 
   bool is_xref() const { return (flags & (xref_flag | overlay_flag)) != 0; }
@@ -86,6 +86,10 @@ class Drawing {
   const std::vector<Warning>& warnings() const;
   /// Decodes every record of a known kind and tells what is wrong with its values.
   std::vector<Warning> check() const;
+  /// What refers to something that is not there, as far as other programs rely on it: owners,
+  /// dictionaries, groups, drawing orders, reactors, names of table rows and blocks, ends of
+  /// vertices and attributes. At most 100 of a sort.
+  std::vector<Warning> broken_references() const;
   /// A header variable's first value as text ("$CLAYER"); nothing where the file has none.
   std::optional<std::string> header(std::string_view name) const;
   /// Nothing is done where the file has no header.
@@ -117,6 +121,10 @@ class Drawing {
   void rename_block(SpaceId id, const std::string& name);  // in its references too
   void write_block(SpaceId id, Point base, std::int32_t flags, const std::string& path);
   std::vector<RecordId> references_to(SpaceId block) const;  // INSERT, in all spaces
+  /// Erases what nothing refers to: layers, linetypes, text and dimension styles, blocks,
+  /// applications, multiline, leader and table styles, empty groups. What only purged things used
+  /// stays until the next time. Returns how many.
+  std::size_t purge(std::span<const std::string> names_in_use = {});
   // Dictionaries and rows of tables.
   RecordId root_dictionary() const;  // none where the file has none
   std::vector<DictionaryEntry> dictionary_entries(RecordId dictionary) const;

@@ -16,7 +16,9 @@ constexpr std::string_view first_layout = "Layout1";
 Layout& layout_of(Store& store, SpaceId sheet) {
   const auto found = std::find_if(store.layouts.begin(), store.layouts.end(),
                                   [&](const Layout& layout) { return layout.space == sheet; });
-  if (found == store.layouts.end()) throw Error(store.name + ": there is no such layout");
+  if (found == store.layouts.end() || sheet == SpaceId::none) {
+    throw Error(store.name + ": there is no such layout, or it has no sheet");
+  }
   return *found;
 }
 
