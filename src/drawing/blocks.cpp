@@ -1,6 +1,7 @@
 #include "drawing/block_records.h"
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_writer.h"
+#include "drawing/erasing.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -22,6 +23,29 @@ SpaceId Drawing::add_block(const std::string& name, Point base) {
 }
 
 void Drawing::erase_block(SpaceId id) { erase_block_records(*store_, id); }
+
+void Drawing::detach_reference(SpaceId id) {
+  const std::string prefix = folded_name(store_->spaces.at(index(id)).name) + '|';
+  const auto depends = [&](const std::string& name) {
+    return folded_name(name).starts_with(prefix);
+  };
+  for (const RecordId reference : references_to(id)) erase(reference);
+  erase_block(id);
+  for (std::uint32_t i = 0; i < store_->spaces.size(); ++i) {
+    if (!store_->spaces[i].erased && depends(store_->spaces[i].name)) {
+      erase_block(static_cast<SpaceId>(i));
+    }
+  }
+  for (const Layer& layer : store_->layers) {
+    if (layer.record != RecordId::none && depends(layer.name)) mark_erased(*store_, layer.record);
+  }
+  for (const TableRow& row : store_->rows) {
+    if (row.record != RecordId::none && depends(row.name)) mark_erased(*store_, row.record);
+  }
+  std::erase_if(store_->rows, [&](const TableRow& row) {
+    return row.record != RecordId::none && store_->at(row.record).is(Record::erased);
+  });
+}
 
 std::vector<RecordId> Drawing::references_to(SpaceId block) const {
   const std::string name = folded_name(store_->spaces.at(index(block)).name);

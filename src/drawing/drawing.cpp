@@ -54,11 +54,14 @@ std::optional<std::string> Drawing::header(std::string_view name) const {
   return value;
 }
 
-std::optional<Box> Drawing::header_extents() const {
+std::optional<Box> Drawing::header_extents() const { return header_box("$EXTMIN", "$EXTMAX"); }
+
+std::optional<Box> Drawing::header_box(std::string_view low_name,
+                                       std::string_view high_name) const {
   if (store_->landmarks.header == RecordId::none) return std::nullopt;
   const dxf::RecordReader reader(store_->bytes(store_->landmarks.header), store_->format);
-  const auto low = reader.point_variable("$EXTMIN");
-  const auto high = reader.point_variable("$EXTMAX");
+  const auto low = reader.point_variable(low_name);
+  const auto high = reader.point_variable(high_name);
   if (!low || !high) return std::nullopt;
   const Box box{*low, *high};
   if (box.empty()) return std::nullopt;
@@ -128,6 +131,18 @@ RecordId Drawing::extension_dictionary(RecordId id) const {
 }
 
 RecordId Drawing::root_dictionary() const { return drawing::root_dictionary(*store_); }
+RecordId Drawing::named_dictionary(std::string_view name) const {
+  return drawing::named_dictionary(*store_, name);
+}
+Handle Drawing::owner(RecordId id) const { return owner_named(store_->bytes(id), store_->format); }
+std::vector<RecordId> Drawing::pointed_to(RecordId id) const {
+  std::vector<RecordId> found;
+  each_reference(store_->bytes(id), store_->format, [&](const dxf::Tag& tag, Handle handle) {
+    if (tag.code != 340) return;
+    if (const RecordId record = find(handle); record != RecordId::none) found.push_back(record);
+  });
+  return found;
+}
 std::vector<DictionaryEntry> Drawing::dictionary_entries(RecordId dictionary) const {
   return drawing::dictionary_entries(*store_, dictionary);
 }

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "drawing/entities/layer_row.h"
+#include "drawing/entities/linetype_row.h"
+#include "drawing/entities/view.h"
 #include "drawing/entity.h"
 #include "drawing/geometry/box.h"
 #include "drawing/record.h"
@@ -96,6 +98,12 @@ class Drawing {
   void set_header(std::string_view name, int code, std::int32_t value);
   /// $EXTMIN and $EXTMAX, where the header has them and they make a box.
   std::optional<Box> header_extents() const;
+  /// The same of two other points.
+  std::optional<Box> header_box(std::string_view low, std::string_view high) const;
+  /// What the space's own viewport shows; one is added to model space where it has none. Nothing
+  /// for a sheet that has no viewport yet.
+  std::optional<View> view(SpaceId space);
+  void write_view(SpaceId space, const View& view);
 
   // Tables. Names are found without regard to case.
   const std::vector<Layer>& layers() const;
@@ -118,6 +126,11 @@ class Drawing {
   // Block definitions.
   SpaceId add_block(const std::string& name, Point base);
   void erase_block(SpaceId id);
+  /// False, and nothing is done, where anything refers to it.
+  bool erase_unused_block(SpaceId id);
+  /// An external reference with everything of it: its references, and the layers, linetypes,
+  /// styles and blocks that are called after it ("plan|walls").
+  void detach_reference(SpaceId id);
   void rename_block(SpaceId id, const std::string& name);  // in its references too
   void write_block(SpaceId id, Point base, std::int32_t flags, const std::string& path);
   std::vector<RecordId> references_to(SpaceId block) const;  // INSERT, in all spaces
@@ -127,8 +140,17 @@ class Drawing {
   std::size_t purge(std::span<const std::string> names_in_use = {});
   // Dictionaries and rows of tables.
   RecordId root_dictionary() const;  // none where the file has none
+  /// One that stands in the root, such as "ACAD_GROUP".
+  RecordId named_dictionary(std::string_view name) const;
   std::vector<DictionaryEntry> dictionary_entries(RecordId dictionary) const;
   RecordId extension_dictionary(RecordId id) const;
+  /// The owner that a record names, or 0; the records that it points to by hard pointers (340).
+  Handle owner(RecordId id) const;
+  std::vector<RecordId> pointed_to(RecordId id) const;
+  LinetypeRow read_linetype(RecordId row) const;
+  void write_linetype(RecordId row, const LinetypeRow& linetype);
+  /// A continuous one. Fails where the file has no table of linetypes.
+  RecordId add_linetype(const LinetypeRow& linetype);
   /// Rows of a table but LAYER and BLOCK_RECORD, in its order.
   std::vector<RecordId> rows(std::string_view table) const;
   /// Names of the rows of a table ("LTYPE", "STYLE"), in its order.
@@ -162,6 +184,9 @@ class Drawing {
   void write_body(RecordId id, const Body& body);
   /// Adds at the end of a space. An ATTRIB cannot be added alone.
   RecordId add(SpaceId space, const Entity& entity);
+  /// A block reference with these attributes (each an Attrib) at the end of a space.
+  RecordId add_reference(SpaceId space, const Common& common, Insert insert,
+                         const std::vector<Entity>& attributes);
   void erase(RecordId id);
   /// A copy of the entity with its parts, at the end of its space.
   RecordId copy(RecordId id);

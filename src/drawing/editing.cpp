@@ -307,6 +307,21 @@ RecordId Drawing::add(SpaceId space, const Entity& entity) {
   return id;
 }
 
+RecordId Drawing::add_reference(SpaceId space, const Common& common, Insert insert,
+                                const std::vector<Entity>& attributes) {
+  insert.attributes_follow = attributes.empty() ? 0 : 1;
+  Place place{end_of(*store_, space), space, owner_of(*store_, space), is_paper(*store_, space)};
+  const RecordId id = add_record(*store_, place, new_record(Body(insert)), common, insert);
+  if (place.owner) place.owner = store_->at(id).handle;
+  for (const Entity& attribute : attributes) {
+    add_record(*store_, place, {"ATTRIB"}, attribute.common, std::get<Attrib>(attribute.body),
+               Record::part);
+  }
+  if (!attributes.empty()) add_seqend(*store_, place, common);
+  store_->spaces[index(space)].entities.push_back(id);
+  return id;
+}
+
 void Drawing::erase(RecordId id) { erase_entity(*store_, id); }
 
 RecordId Drawing::copy(RecordId id) { return copy_to(id, store_->at(id).space); }

@@ -86,7 +86,7 @@ void Drawing::rename_layout(SpaceId sheet, const std::string& name) {
   }
   layout.name = name;
   write_layout(*store_, layout);
-  const RecordId dictionary = named_dictionary(*store_, "ACAD_LAYOUT");
+  const RecordId dictionary = drawing::named_dictionary(*store_, "ACAD_LAYOUT");
   if (dictionary != RecordId::none) {
     rename_entry(*store_, dictionary, store_->at(layout.record).handle, name);
   }

@@ -39,6 +39,16 @@ void write_count(Store& store, std::string_view table) {
 
 }  // namespace
 
+bool Drawing::erase_unused_block(SpaceId id) {
+  settle_erased(*store_);
+  Candidates candidates(*store_);
+  mark_uses(*store_, candidates, {});
+  const int number = candidates.of_space(id);
+  if (number < 0 || candidates.list()[static_cast<std::size_t>(number)].used) return false;
+  erase_block_records(*store_, id);
+  return true;
+}
+
 std::size_t Drawing::purge(std::span<const std::string> names_in_use) {
   Store& store = *store_;
   settle_erased(store);

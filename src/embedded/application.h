@@ -30,6 +30,7 @@ class Application final : public PlainObject {
 
  private:
   std::string caption() const;
+  void zoom(Member member, std::span<Value> values);
 
   std::shared_ptr<Session> session_;
   bool visible_ = true;
