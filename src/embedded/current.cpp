@@ -43,7 +43,8 @@ drawing::SpaceId current_space(const DocumentState& document) {
 void activate_space(DocumentState& document, drawing::SpaceId space) {
   document.drawing.activate_layout(space);
   // For a file that has no header to say it.
-  document.variables["TILEMODE"] = std::int16_t{space == drawing::SpaceId::model ? 1 : 0};
+  const std::int16_t tile_mode = space == drawing::SpaceId::model ? 1 : 0;
+  document.variables["TILEMODE"] = tile_mode;
 }
 
 }  // namespace velmar::embedded

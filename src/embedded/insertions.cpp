@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "basic/conversion.h"
 #include "embedded/block_definition.h"
 #include "embedded/current_style.h"
 #include "embedded/entity_object.h"

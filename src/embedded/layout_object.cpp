@@ -4,8 +4,10 @@
 
 #include "basic/conversion.h"
 #include "basic/strings.h"
+#include "embedded/arguments.h"
 #include "embedded/block_object.h"
 #include "embedded/document_members.h"
+#include "embedded/errors.h"
 #include "embedded/names.h"
 #include "embedded/record_members.h"
 
