@@ -4,6 +4,7 @@
 #include "drawing/dxf/field_reader.h"
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_edit.h"
+#include "drawing/erasing.h"
 #include "drawing/store.h"
 #include "drawing/tolerance_style.h"
 
@@ -198,12 +199,6 @@ void add_seqend(Store& store, const Place& place, const Common& common) {
   add_record(store, place, {"SEQEND"}, common_of_part(common), Opaque{}, Record::part);
 }
 
-void mark_erased(Store& store, RecordId id) {
-  store.any_erased = true;
-  store.at(id).flags |= Record::erased;
-  if (!store.at(id).is(Record::added)) store.touched.insert(static_cast<std::uint32_t>(id));
-}
-
 /// Writes the vertices of a polyline into its VERTEX records; adds or erases some at the end where
 /// the number differs.
 void write_vertices(Store& store, RecordId id, const std::vector<RecordId>& parts,
@@ -333,21 +328,22 @@ RecordId Drawing::add(SpaceId space, const Entity& entity) {
   return id;
 }
 
-void Drawing::erase(RecordId id) {
-  const auto number = static_cast<std::uint32_t>(id);
-  if (store_->at(id).is(Record::erased)) return;
-  ++store_->edition;
-  for (RecordId part = store_->next(id);
-       !store_->at(id).is(Record::part) && index(part) < store_->records.size() &&
-       store_->at(part).is(Record::part);
-       part = store_->next(part)) {
-    mark_erased(*store_, part);
-    store_->modified_since_save.erase(static_cast<std::uint32_t>(part));
+RecordId Drawing::add_reference(SpaceId space, const Common& common, Insert insert,
+                                const std::vector<Entity>& attributes) {
+  insert.attributes_follow = attributes.empty() ? 0 : 1;
+  Place place{end_of(*store_, space), space, owner_of(*store_, space), is_paper(*store_, space)};
+  const RecordId id = add_record(*store_, place, new_record(Body(insert)), common, insert);
+  if (place.owner) place.owner = store_->at(id).handle;
+  for (const Entity& attribute : attributes) {
+    add_record(*store_, place, {"ATTRIB"}, attribute.common, std::get<Attrib>(attribute.body),
+               Record::part);
   }
-  mark_erased(*store_, id);
-  store_->modified_since_save.erase(number);
-  if (store_->added_since_save.erase(number) == 0) store_->erased_since_save.insert(number);
+  if (!attributes.empty()) add_seqend(*store_, place, common);
+  store_->spaces[index(space)].entities.push_back(id);
+  return id;
 }
+
+void Drawing::erase(RecordId id) { erase_entity(*store_, id); }
 
 RecordId Drawing::copy(RecordId id) { return copy_to(id, store_->at(id).space); }
 

@@ -33,6 +33,7 @@ class Application final : public PlainObject {
  private:
   std::string caption() const;
   Session::DocumentObject object_of(const DocumentPointer& document) const;
+  void zoom(Member member, std::span<Value> values);
 
   std::shared_ptr<Session> session_;
   bool visible_ = true;

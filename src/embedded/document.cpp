@@ -2,17 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "basic/conversion.h"
 #include "embedded/block_object.h"
 #include "embedded/blocks_object.h"
 #include "embedded/current.h"
 #include "embedded/current_style.h"
+#include "embedded/dictionary_object.h"
 #include "embedded/document_members.h"
 #include "embedded/document_name.h"
 #include "embedded/errors.h"
+#include "embedded/groups_object.h"
 #include "embedded/layer_object.h"
 #include "embedded/layers_object.h"
+#include "embedded/layout_object.h"
+#include "embedded/layouts_object.h"
+#include "embedded/linetypes_object.h"
 #include "embedded/object_ids.h"
 #include "embedded/objects.h"
 #include "embedded/selection_sets.h"
@@ -31,6 +37,7 @@ const Document::Method* Document::find(Member member) {
       Method{Member::GetVariable, 1, 1, &Document::get_variable},
       Method{Member::HandleToObject, 1, 1, &Document::handle_to_object},
       Method{Member::ObjectIdToObject, 1, 1, &Document::object_id_to_object},
+      Method{Member::PurgeAll, 0, 0, &Document::purge_all},
       Method{Member::Regen, 1, 1, &Document::regen},
       Method{Member::Save, 0, 0, &Document::save},
       Method{Member::SaveAs, 1, 3, &Document::save_as},
@@ -50,12 +57,25 @@ Value Document::get(Member member) {
       return session()->active() == self();
     case Member::ActiveLayer:
       return std::make_shared<LayerObject>(state_, current_layer(*state_));
+    case Member::ActiveLayout:
+      return std::make_shared<LayoutObject>(
+          state_, require_layout(state_->drawing, current_space(*state_)));
+    case Member::ActiveLinetype:
+      return active_linetype();
     case Member::ActiveSpace:
       return std::int32_t{model_is_active ? 1 : 0};
     case Member::ActiveTextStyle:
       return active_text_style();
     case Member::Blocks:
       return std::make_shared<BlocksObject>(state_);
+    case Member::Dictionaries:
+      return std::make_shared<DictionaryObject>(state_, state_->drawing.root_dictionary());
+    case Member::Groups:
+      return std::make_shared<GroupsObject>(state_);
+    case Member::Layouts:
+      return std::make_shared<LayoutsObject>(state_);
+    case Member::Linetypes:
+      return std::make_shared<LinetypesObject>(state_);
     case Member::FullName:
       return document_full_name(*state_);
     case Member::Layers:
@@ -88,8 +108,13 @@ void Document::put(Member member, const Value& value) {
   switch (member) {
     case Member::ActiveLayer:
       return put_active_layer(value);
+    case Member::ActiveLayout:
+      return put_active_layout(value);
+    case Member::ActiveLinetype:
+      return put_active_linetype(value);
     case Member::ActiveSpace:
-      return embedded::set_variable(*state_, "TILEMODE", value);  // 0 is paper in both
+      // 0 is paper in both
+      return translated([&] { embedded::set_variable(*state_, "TILEMODE", value); });
     case Member::ActiveTextStyle:
       return put_active_text_style(value);
     default:
@@ -193,9 +218,22 @@ Value Document::close(Arguments& arguments) {
   return {};
 }
 
-/// Nothing is shown, so nothing is drawn anew, whichever viewports are meant.
+/// Nothing is shown, so nothing is drawn anew; but only 0 and 1 are viewports.
 Value Document::regen(Arguments& arguments) {
-  arguments.integer(0);
+  const std::int32_t which = arguments.integer(0);
+  if (which != 0 && which != 1) throw failure(HostError::invalid_input);
+  return {};
+}
+
+/// What the user works with counts as in use, whatever the file says.
+Value Document::purge_all(Arguments&) {
+  std::vector<std::string> in_use;
+  for (const auto& [name, value] : state_->variables) {
+    if (const auto* text = value.if_is<std::string>()) in_use.push_back(*text);
+  }
+  const drawing::LayerId layer = current_layer(*state_);
+  if (layer != drawing::LayerId::none) in_use.push_back(state_->drawing.layer(layer).name);
+  state_->drawing.purge(in_use);
   return {};
 }
 
@@ -232,6 +270,31 @@ void Document::write(const std::filesystem::path& path) {
     throw failure(HostError::saving_failed,
                   "Error saving the document: " + std::string(error.what()));
   }
+}
+
+void Document::put_active_layout(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto layout = reference ? std::dynamic_pointer_cast<LayoutObject>(*reference) : nullptr;
+  if (!layout || layout->document() != state_) {
+    throw invalid_argument("Layout", Member::ActiveLayout);
+  }
+  if (!layout->exists()) throw failure(HostError::was_erased);
+  translated([&] { activate_space(*state_, layout->sheet()); });
+}
+
+Value Document::active_linetype() const {
+  const std::string name = current_common(*state_).linetype;
+  Value argument = name;
+  return LinetypesObject(state_).call(Member::Item, {&argument, 1});
+}
+
+void Document::put_active_linetype(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto linetype = reference ? std::dynamic_pointer_cast<LinetypeObject>(*reference) : nullptr;
+  if (!linetype || &linetype->document() != state_.get()) {
+    throw invalid_argument("Linetype", Member::ActiveLinetype);
+  }
+  embedded::set_variable(*state_, "CELTYPE", linetype->get(Member::Name));
 }
 
 void Document::put_active_layer(const Value& value) {

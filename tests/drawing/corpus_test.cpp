@@ -234,5 +234,43 @@ TEST(BadCorpus, OpensWithWarningsOrIsRefusedWithAMessage) {
   }
 }
 
+/// The ENTITIES section with what follows up to the objects.
+std::string entities_section(const std::string& bytes) {
+  const std::size_t begin = bytes.find("ENTITIES");
+  return bytes.substr(begin, bytes.find("OBJECTS", begin) - begin);
+}
+
+TEST_P(Corpus, PurgingKeepsEntitiesAndReferences) {
+  Drawing drawing = Drawing::open(GetParam().drawing);
+  const std::string before = drawing.bytes();
+  const std::size_t faults = drawing.broken_references().size();
+  for (int pass = 0; drawing.purge() > 0; ++pass) ASSERT_LT(pass, 20);
+  EXPECT_TRUE(drawing.changes().modified.empty());
+  const std::string after = drawing.bytes();
+  EXPECT_EQ(entities_section(after) == entities_section(before), true);
+  const Drawing saved = Drawing::read(after, "purged.dxf");
+  EXPECT_LE(saved.broken_references().size(), faults);
+  EXPECT_EQ(kinds_in(saved, SpaceId::model), GetParam().facts["model_by_type"].get<Counts>());
+}
+
+TEST_P(Corpus, SheetsChangePlacesAndBack) {
+  Drawing drawing = Drawing::open(GetParam().drawing);
+  const std::size_t faults = drawing.broken_references().size();
+  std::map<std::string, Counts> wanted;
+  for (const Layout& layout : drawing.layouts()) {
+    if (layout.space != SpaceId::none) wanted[layout.name] = kinds_in(drawing, layout.space);
+  }
+  for (const Layout& layout : std::vector(drawing.layouts())) {
+    if (layout.space != SpaceId::none) drawing.activate_layout(layout.space);
+  }
+  const Drawing saved = Drawing::read(drawing.bytes(), "saved.dxf");
+  EXPECT_LE(saved.broken_references().size(), faults);
+  std::map<std::string, Counts> found;
+  for (const Layout& layout : saved.layouts()) {
+    if (layout.space != SpaceId::none) found[layout.name] = kinds_in(saved, layout.space);
+  }
+  EXPECT_EQ(found, wanted);
+}
+
 }  // namespace
 }  // namespace velmar::drawing
