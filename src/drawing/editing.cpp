@@ -33,6 +33,24 @@ Body empty_body(Kind kind) {
       return Insert{};
     case Kind::point:
       return PointMark{};
+    case Kind::hatch:
+      return Hatch{};
+    case Kind::solid:
+      return Solid{};
+    case Kind::trace:
+      return Trace{};
+    case Kind::face3d:
+      return Face{};
+    case Kind::spline:
+      return Spline{};
+    case Kind::leader:
+      return Leader{};
+    case Kind::ray:
+      return Ray{};
+    case Kind::xline:
+      return Xline{};
+    case Kind::ole2frame:
+      return OleFrame{};
     default:
       return Opaque{};
   }
@@ -103,6 +121,15 @@ NewRecord new_record(const Body& body) {
     }
     NewRecord operator()(const Text&) const { return {"TEXT"}; }
     NewRecord operator()(const PointMark&) const { return {"POINT"}; }
+    NewRecord operator()(const Hatch&) const { return {"HATCH"}; }
+    NewRecord operator()(const Solid&) const { return {"SOLID"}; }
+    NewRecord operator()(const Trace&) const { return {"TRACE"}; }
+    NewRecord operator()(const Face&) const { return {"3DFACE"}; }
+    NewRecord operator()(const Spline&) const { return {"SPLINE"}; }
+    NewRecord operator()(const Leader&) const { return {"LEADER"}; }
+    NewRecord operator()(const Ray&) const { return {"RAY"}; }
+    NewRecord operator()(const Xline&) const { return {"XLINE"}; }
+    NewRecord operator()(const OleFrame&) const { return {"OLE2FRAME"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
     NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
     NewRecord operator()(const Insert& insert) const {
@@ -284,8 +311,11 @@ RecordId Drawing::add(SpaceId space, const Entity& entity) {
     if (const auto* light = std::get_if<LwPolyline>(&entity.body)) {
       return add(space, {entity.common, heavy(*light)});
     }
-    if (std::holds_alternative<Ellipse>(entity.body)) {
-      throw Error(store_->name + ": an R12 drawing cannot hold an ELLIPSE");
+    const std::string_view kind = new_record(entity.body).kind;
+    if (kind == "ELLIPSE" || kind == "HATCH" || kind == "SPLINE" || kind == "LEADER" ||
+        kind == "RAY" || kind == "XLINE" || kind == "OLE2FRAME") {
+      throw Error(store_->name + ": an R12 drawing cannot hold entities of the kind " +
+                  std::string(kind));
     }
   }
   const NewRecord names = new_record(entity.body);
