@@ -3,6 +3,7 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_reader.h"
 #include "drawing/dxf/field_writer.h"
+#include "drawing/dxf/reactors.h"
 #include "drawing/dxf/record_edit.h"
 #include "drawing/store.h"
 
@@ -264,6 +265,15 @@ Polyline heavy(const LwPolyline& light) {
   return polyline;
 }
 
+/// What a copy of a hatch is where the original follows its boundaries: they know that one alone.
+std::optional<Body> detached(const Drawing& drawing, RecordId id) {
+  if (drawing.record(id).kind != Kind::hatch) return std::nullopt;
+  Body body = drawing.read_body(id);
+  if (std::get<Hatch>(body).associative == 0) return std::nullopt;
+  detach(std::get<Hatch>(body));
+  return body;
+}
+
 }  // namespace
 
 Entity Drawing::read(RecordId id) const { return {read_common(id), read_body(id)}; }
@@ -361,6 +371,7 @@ void Drawing::erase(RecordId id) {
 RecordId Drawing::copy(RecordId id) { return copy_to(id, store_->at(id).space); }
 
 RecordId Drawing::copy_to(RecordId id, SpaceId space) {
+  const std::optional<Body> body = detached(*this, id);
   const RecordId before = end_of(*store_, space);
   std::vector<RecordId> originals{id};
   for (RecordId part = store_->next(id);
@@ -388,7 +399,18 @@ RecordId Drawing::copy_to(RecordId id, SpaceId space) {
   }
   store_->added_since_save.insert(static_cast<std::uint32_t>(made));
   store_->spaces[index(space)].entities.push_back(made);
+  if (body) write_body(made, *body);
   return made;
+}
+
+void Drawing::add_reactor(RecordId id, Handle reactor) {
+  if (!store_->format.has_subclasses()) return;
+  store_->patch(id, dxf::with_reactor(store_->bytes(id), reactor, store_->format));
+}
+
+void Drawing::remove_reactor(RecordId id, Handle reactor) {
+  std::string bytes = dxf::without_reactor(store_->bytes(id), reactor, store_->format);
+  if (bytes != store_->bytes(id)) store_->patch(id, std::move(bytes));
 }
 
 }  // namespace velmar::drawing

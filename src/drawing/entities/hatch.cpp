@@ -50,6 +50,11 @@ struct Polygon {
 
 }  // namespace
 
+void detach(Hatch& hatch) {
+  hatch.associative = 0;
+  for (HatchLoop& loop : hatch.loops) loop.sources.clear();
+}
+
 std::vector<int> loop_depths(const Hatch& hatch) {
   std::vector<Polygon> polygons(hatch.loops.begin(), hatch.loops.end());
   std::vector<std::size_t> from_left(polygons.size());

@@ -67,6 +67,8 @@ void fields(Fields& field, Hatch& hatch) {
   field("GradientName", 470, hatch.gradient_name, unless{std::string()});
 }
 
+/// No longer follows the entities that it was made from.
+void detach(Hatch& hatch);
 /// How deep each loop lies in others: 0 for those that no other one surrounds.
 std::vector<int> loop_depths(const Hatch& hatch);
 /// Whether the style fills on the inner side of a loop that lies so deep.

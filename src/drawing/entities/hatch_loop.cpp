@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "drawing/geometry/angle.h"
-#include "drawing/geometry/conic.h"
 
 namespace velmar::drawing {
 namespace {
@@ -49,21 +48,6 @@ Conic conic(const HatchEllipse& ellipse) {
   const Point sine =
       turned_left(ellipse.major_axis) * (ellipse.ratio * direction(ellipse.counter_clockwise));
   return {ellipse.center, ellipse.major_axis, sine, start, end - start};
-}
-
-/// Any part of an ellipse by two conjugate half diameters.
-HatchEllipse as_ellipse(Conic round) {
-  const double shift = make_square(round.cosine, round.sine);
-  HatchEllipse ellipse;
-  ellipse.center = round.center;
-  ellipse.major_axis = round.cosine;
-  const double size = norm(round.cosine);
-  ellipse.ratio = size > 0 ? norm(round.sine) / size : 1;
-  ellipse.counter_clockwise = cross(round.cosine, round.sine).z >= 0 ? 1 : 0;
-  const double start = wrapped(round.start - shift);
-  ellipse.start = angle_of(ellipse, start);
-  ellipse.end = angle_of(ellipse, start + round.sweep);
-  return ellipse;
 }
 
 Conic mapped(const Conic& round, const Matrix& map) {
@@ -170,7 +154,7 @@ void transform_edge(HatchEdge& edge, const PlaneMap& plane) {
     const auto* arc = std::get_if<HatchArc>(&edge);
     Conic round = mapped(arc ? conic(*arc) : conic(std::get<HatchEllipse>(edge)), map);
     round.center = flat(round.center);
-    edge = as_ellipse(round);
+    edge = ellipse_edge(round);
   } else if (auto* arc = std::get_if<HatchArc>(&edge)) {
     arc->center = place(arc->center);
     arc->radius *= plane.stretch;
@@ -187,24 +171,6 @@ void transform_edge(HatchEdge& edge, const PlaneMap& plane) {
   }
 }
 
-/// The segments of a polyline loop as edges.
-std::vector<HatchEdge> edges_of(const std::vector<BulgeVertex>& vertices) {
-  std::vector<HatchEdge> edges;
-  for (std::size_t i = 0; i < vertices.size(); ++i) {
-    const BulgeVertex &from = vertices[i], &to = vertices[(i + 1) % vertices.size()];
-    if (!is_arc(from)) {
-      edges.emplace_back(HatchLine{{from.x, from.y, 0}, {to.x, to.y, 0}});
-      continue;
-    }
-    const BulgeArc turn = arc_of(from, to);
-    const bool left = turn.sweep >= 0;
-    const double start = wrapped(left ? turn.start_angle : -turn.start_angle);
-    edges.emplace_back(
-        HatchArc{turn.center, turn.radius, start, start + std::abs(turn.sweep), left ? 1 : 0});
-  }
-  return edges;
-}
-
 void transform_vertices(HatchLoop& loop, const PlaneMap& plane) {
   for (BulgeVertex& vertex : loop.vertices) {
     const Point place = plane.map({vertex.x, vertex.y, 0});
@@ -215,6 +181,20 @@ void transform_vertices(HatchLoop& loop, const PlaneMap& plane) {
 }
 
 }  // namespace
+
+HatchEllipse ellipse_edge(Conic round) {
+  const double shift = make_square(round.cosine, round.sine);
+  HatchEllipse ellipse;
+  ellipse.center = round.center;
+  ellipse.major_axis = round.cosine;
+  const double size = norm(round.cosine);
+  ellipse.ratio = size > 0 ? norm(round.sine) / size : 1;
+  ellipse.counter_clockwise = cross(round.cosine, round.sine).z >= 0 ? 1 : 0;
+  const double start = wrapped(round.start - shift);
+  ellipse.start = angle_of(ellipse, start);
+  ellipse.end = angle_of(ellipse, start + round.sweep);
+  return ellipse;
+}
 
 Point start_point(const HatchEdge& edge) {
   if (const auto* line = std::get_if<HatchLine>(&edge)) return line->start;
@@ -250,6 +230,23 @@ HatchEdge reversed(const HatchEdge& edge) {
     return HatchLine{part.end, part.start};
   };
   return std::visit(Each{line, spline, round}, edge);
+}
+
+std::vector<HatchEdge> edges_of(const std::vector<BulgeVertex>& vertices) {
+  std::vector<HatchEdge> edges;
+  for (std::size_t i = 0; i < vertices.size(); ++i) {
+    const BulgeVertex &from = vertices[i], &to = vertices[(i + 1) % vertices.size()];
+    if (!is_arc(from)) {
+      edges.emplace_back(HatchLine{{from.x, from.y, 0}, {to.x, to.y, 0}});
+      continue;
+    }
+    const BulgeArc turn = arc_of(from, to);
+    const bool left = turn.sweep >= 0;
+    const double start = wrapped(left ? turn.start_angle : -turn.start_angle);
+    edges.emplace_back(
+        HatchArc{turn.center, turn.radius, start, start + std::abs(turn.sweep), left ? 1 : 0});
+  }
+  return edges;
 }
 
 std::vector<Point> flatten(const HatchLoop& loop) {

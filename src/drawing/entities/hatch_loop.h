@@ -8,6 +8,7 @@
 #include "drawing/entities/field.h"
 #include "drawing/geometry/box.h"
 #include "drawing/geometry/bulge.h"
+#include "drawing/geometry/conic.h"
 #include "drawing/geometry/nurbs.h"
 #include "drawing/geometry/plane_map.h"
 
@@ -129,11 +130,15 @@ void tags(Row& row, HatchLoop& loop) {
   for (std::string& source : loop.sources) row(330, source);
 }
 
+/// A part of an ellipse by two conjugate half diameters in the plane.
+HatchEllipse ellipse_edge(Conic round);
 Point start_point(const HatchEdge& edge);
 Point end_point(const HatchEdge& edge);
 /// The same edge from its end to its start.
 HatchEdge reversed(const HatchEdge& edge);
 
+/// The segments of a closed polyline.
+std::vector<HatchEdge> edges_of(const std::vector<BulgeVertex>& vertices);
 /// The way round as points, arcs and splines by chords; the last point is the first.
 std::vector<Point> flatten(const HatchLoop& loop);
 /// Positive when counter-clockwise.
