@@ -145,13 +145,9 @@ Edges turned_round(const Edges& way) {
 }
 
 double size_of(const std::vector<Edges>& ways) {
-  Box box;
-  for (const Edges& way : ways) {
-    for (const HatchEdge& edge : way) {
-      box.add(start_point(edge));
-      box.add(end_point(edge));
-    }
-  }
+  HatchLoop all;
+  for (const Edges& way : ways) all.edges.insert(all.edges.end(), way.begin(), way.end());
+  const Box box = extents(all, Matrix{});
   return box.empty() ? 0 : norm(box.max - box.min);
 }
 

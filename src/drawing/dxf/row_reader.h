@@ -24,7 +24,7 @@ class RowReader {
     if (const Tag* tag = take(code)) read(*tag, value);
   }
   template <class T, class Default>
-  void operator()(int code, T&& value, const unless<Default>& missing) {
+  void operator()(int code, T&& value, const unless<Default>& missing, bool = false) {
     if (const Tag* tag = next(); tag && tag->code == code) {
       (*this)(code, value);
     } else {

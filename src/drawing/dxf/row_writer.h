@@ -31,10 +31,15 @@ class RowWriter {
     if (!is_same(*tag, value)) replace(*tag, bytes_of(code, value));
   }
   template <class T, class Default>
-  void operator()(int code, const T& value, const unless<Default>& missing) {
+  void operator()(int code, const T& value, const unless<Default>& missing,
+                  bool in_new_rows = false) {
     const Tag* tag = next();
     const bool is_there = fits_ && tag && tag->code == code;
-    if (is_there || value != missing.value) (*this)(code, value);
+    if (is_there || value != missing.value) {
+      (*this)(code, value);
+    } else if (in_new_rows) {
+      append(code, value);
+    }
   }
   void plane(int code, const Point& point) {
     (*this)(code, point.x);

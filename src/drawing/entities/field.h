@@ -16,7 +16,8 @@
 /// absent({codes}): what an entity of this sort has not.
 ///
 /// A row, whose group codes mean something by their order alone, has: operator()(code, value) and
-/// (code, value, unless), which need not be there; plane(code, point): x and y alone; count(code,
+/// (code, value, unless), which need not be there, and with `true` behind is put into rows written
+/// anew all the same; plane(code, point): x and y alone; count(code,
 /// list), also with may_be_missing; list(code, list): the count and then the elements;
 /// alternative(code, variant): which one, from 1 on, and then its tags; present(flag, code,
 /// {codes}): whether that code comes next and one of those after its value.

@@ -64,13 +64,6 @@ struct HatchLoop {
 };
 
 template <class Row>
-void tags(Row& row, BulgeVertex& vertex) {
-  row(10, vertex.x);
-  row(20, vertex.y);
-  row(42, vertex.bulge, unless{0.0});
-}
-
-template <class Row>
 void tags(Row& row, HatchLine& line) {
   row.plane(10, line.start);
   row.plane(11, line.end);
@@ -121,7 +114,12 @@ void tags(Row& row, HatchLoop& loop) {
   if (loop.is_polyline()) {
     row(72, loop.has_bulges);
     row(73, loop.closed);
-    row.list(93, loop.vertices);
+    row.count(93, loop.vertices);
+    for (BulgeVertex& vertex : loop.vertices) {
+      row(10, vertex.x);
+      row(20, vertex.y);
+      row(42, vertex.bulge, unless{0.0}, loop.has_bulges != 0);
+    }
   } else {
     row.count(93, loop.edges);
     for (HatchEdge& edge : loop.edges) row.alternative(72, edge);

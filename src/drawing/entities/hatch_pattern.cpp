@@ -1,6 +1,5 @@
 #include "drawing/entities/hatch_pattern.h"
 
-#include <cmath>
 #include <numbers>
 
 #include "drawing/entities/standard_patterns.h"
@@ -11,10 +10,7 @@ namespace {
 
 constexpr double radians_of_degree = std::numbers::pi / 180;
 
-Point turned(Point v, double angle) {
-  const double c = std::cos(angle), s = std::sin(angle);
-  return {v.x * c - v.y * s, v.x * s + v.y * c, 0};
-}
+Point turned(Point v, double angle) { return rotation({}, z_axis, angle).direction(v); }
 
 /// The definition gives a line's offset along the line and across it.
 PatternLine line_of(const PatternRow& row, double scale, double angle) {
