@@ -209,6 +209,9 @@ class Drawing {
   RecordId copy(RecordId id);
   /// The same at the end of another space.
   RecordId copy_to(RecordId id, SpaceId space);
+  /// Has an object told of changes to the entity, or no more. Nothing in R12, which has no such.
+  void add_reactor(RecordId id, Handle reactor);
+  void remove_reactor(RecordId id, Handle reactor);
   bool has_extension_dictionary(RecordId id) const;
   /// The extended data as tags (group code from 1001 on, value as text); see also write_xdata.
   std::vector<std::pair<int, std::string>> read_xdata(RecordId id) const;

@@ -3,6 +3,7 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_reader.h"
 #include "drawing/dxf/field_writer.h"
+#include "drawing/dxf/reactors.h"
 #include "drawing/dxf/record_edit.h"
 #include "drawing/erasing.h"
 #include "drawing/store.h"
@@ -39,6 +40,24 @@ Body empty_body(Kind kind) {
       return MText{};
     case Kind::tolerance:
       return Tolerance{};
+    case Kind::hatch:
+      return Hatch{};
+    case Kind::solid:
+      return Solid{};
+    case Kind::trace:
+      return Trace{};
+    case Kind::face3d:
+      return Face{};
+    case Kind::spline:
+      return Spline{};
+    case Kind::leader:
+      return Leader{};
+    case Kind::ray:
+      return Ray{};
+    case Kind::xline:
+      return Xline{};
+    case Kind::ole2frame:
+      return OleFrame{};
     default:
       return Opaque{};
   }
@@ -109,6 +128,15 @@ NewRecord new_record(const Body& body) {
     }
     NewRecord operator()(const Text&) const { return {"TEXT"}; }
     NewRecord operator()(const PointMark&) const { return {"POINT"}; }
+    NewRecord operator()(const Hatch&) const { return {"HATCH"}; }
+    NewRecord operator()(const Solid&) const { return {"SOLID"}; }
+    NewRecord operator()(const Trace&) const { return {"TRACE"}; }
+    NewRecord operator()(const Face&) const { return {"3DFACE"}; }
+    NewRecord operator()(const Spline&) const { return {"SPLINE"}; }
+    NewRecord operator()(const Leader&) const { return {"LEADER"}; }
+    NewRecord operator()(const Ray&) const { return {"RAY"}; }
+    NewRecord operator()(const Xline&) const { return {"XLINE"}; }
+    NewRecord operator()(const OleFrame&) const { return {"OLE2FRAME"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
     NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
     NewRecord operator()(const MText&) const { return {"MTEXT"}; }
@@ -241,12 +269,23 @@ Polyline heavy(const LwPolyline& light) {
 
 /// Kinds that R12 has not, though it has others like them.
 void refuse_in_r12(const Store& store, const Body& body) {
+  constexpr std::string_view newer[] = {"ELLIPSE", "MTEXT", "TOLERANCE", "HATCH",    "SPLINE",
+                                        "LEADER",  "RAY",   "XLINE",     "OLE2FRAME"};
   const std::string_view kind = new_record(body).kind;
-  const bool is_newer = kind == "ELLIPSE" || kind == "MTEXT" || kind == "TOLERANCE";
-  if (is_newer) {
-    throw Error(store.name + ": an R12 drawing cannot hold " + (kind == "ELLIPSE" ? "an " : "a ") +
+  if (std::ranges::find(newer, kind) != std::end(newer)) {
+    const bool is_vowel = kind == "ELLIPSE" || kind == "OLE2FRAME";
+    throw Error(store.name + ": an R12 drawing cannot hold " + (is_vowel ? "an " : "a ") +
                 std::string(kind));
   }
+}
+
+/// What a copy of a hatch is where the original follows its boundaries: they know that one alone.
+std::optional<Body> detached(const Drawing& drawing, RecordId id) {
+  if (drawing.record(id).kind != Kind::hatch) return std::nullopt;
+  Body body = drawing.read_body(id);
+  if (std::get<Hatch>(body).associative == 0) return std::nullopt;
+  detach(std::get<Hatch>(body));
+  return body;
 }
 
 }  // namespace
@@ -348,6 +387,7 @@ void Drawing::erase(RecordId id) { erase_entity(*store_, id); }
 RecordId Drawing::copy(RecordId id) { return copy_to(id, store_->at(id).space); }
 
 RecordId Drawing::copy_to(RecordId id, SpaceId space) {
+  const std::optional<Body> body = detached(*this, id);
   const RecordId before = end_of(*store_, space);
   std::vector<RecordId> originals{id};
   for (RecordId part = store_->next(id);
@@ -375,7 +415,18 @@ RecordId Drawing::copy_to(RecordId id, SpaceId space) {
   }
   store_->added_since_save.insert(static_cast<std::uint32_t>(made));
   store_->spaces[index(space)].entities.push_back(made);
+  if (body) write_body(made, *body);
   return made;
+}
+
+void Drawing::add_reactor(RecordId id, Handle reactor) {
+  if (!store_->format.has_subclasses()) return;
+  store_->patch(id, dxf::with_reactor(store_->bytes(id), reactor, store_->format));
+}
+
+void Drawing::remove_reactor(RecordId id, Handle reactor) {
+  std::string bytes = dxf::without_reactor(store_->bytes(id), reactor, store_->format);
+  if (bytes != store_->bytes(id)) store_->patch(id, std::move(bytes));
 }
 
 }  // namespace velmar::drawing

@@ -3,9 +3,11 @@
 #include <array>
 #include <cmath>
 
+#include "basic/conversion.h"
 #include "embedded/current_style.h"
 #include "embedded/entity_object.h"
 #include "embedded/errors.h"
+#include "embedded/hatch_patterns.h"
 #include "embedded/properties/checks.h"
 
 namespace velmar::embedded {
@@ -134,6 +136,22 @@ Value add_3d_poly(BlockObject& block, Arguments& arguments) {
   return add(block, polyline);
 }
 
+/// Kept: the hatch stays in the drawing, empty, whether loops are added to it or not.
+Value add_hatch(BlockObject& block, Arguments& arguments) {
+  const DocumentState& document = *block.document();
+  if (document.drawing.version() < "AC1012")
+    throw not_supported("AddHatch in R12, which has no HATCH,");
+  constexpr std::int32_t gradient = 1;
+  const std::int32_t object_type = arguments.has(3) ? arguments.integer(3) : 0;
+  if (object_type == gradient) throw not_supported("AddHatch of a gradient");
+  if (object_type != 0) throw failure(HostError::invalid_input);
+  drawing::Hatch hatch;
+  choose_pattern(hatch, document.drawing, arguments.integer(0), arguments.text(1));
+  hatch.associative = basic::convert<bool>(arguments[2]) ? 1 : 0;
+  hatch.elevation_point.z = current_elevation(document);
+  return add(block, hatch);
+}
+
 constexpr std::array rows{
     Method<BlockObject>{Member::AddLine, Effect::changes, 2, 2, add_line},
     Method<BlockObject>{Member::AddCircle, Effect::changes, 2, 2, add_circle},
@@ -145,6 +163,7 @@ constexpr std::array rows{
     Method<BlockObject>{Member::AddLightWeightPolyline, Effect::changes, 1, 1,
                         add_light_weight_polyline},
     Method<BlockObject>{Member::AddPolyline, Effect::changes, 1, 1, add_polyline},
+    Method<BlockObject>{Member::AddHatch, Effect::changes, 3, 4, add_hatch},
     Method<BlockObject>{Member::Add3DPoly, Effect::changes, 1, 1, add_3d_poly},
 };
 

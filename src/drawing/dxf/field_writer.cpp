@@ -191,15 +191,82 @@ void FieldWriter::vertices(const std::vector<BulgeVertex>& list) {
   edits_.push_back({tags[first].begin, tags[last - 1].next - tags[first].begin, std::move(bytes)});
 }
 
+void FieldWriter::take_row(const RowWriter& row, std::size_t first, std::size_t last, bool omit) {
+  if (last == first) {
+    if (!omit || complete_) insert(row.bytes());
+    return;
+  }
+  const auto& tags = record_.tags();
+  pass(tags[last - 1]);
+  if (row.fits()) {
+    edits_.insert(edits_.end(), row.edits().begin(), row.edits().end());
+  } else {
+    edits_.push_back({tags[first].begin, tags[last - 1].next - tags[first].begin, row.bytes()});
+  }
+}
+
+void FieldWriter::absent(std::initializer_list<int> codes) { replace_run(codes, {}); }
+
+void FieldWriter::replace_run(std::initializer_list<int> codes, std::string bytes) {
+  bool is_first = true;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group || std::ranges::find(codes, tag.code) == codes.end()) continue;
+    edits_.push_back({tag.begin, tag.next - tag.begin, is_first ? std::move(bytes) : ""});
+    is_first = false;
+  }
+  if (is_first && !bytes.empty()) insert(std::move(bytes));
+}
+
+void FieldWriter::repeated(int code, const std::vector<double>& list) {
+  std::vector<const Tag*> present;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (!tag.in_group && tag.code == code) present.push_back(&tag);
+  }
+  if (present.size() == list.size()) {
+    for (std::size_t i = 0; i < list.size(); ++i) write_real(*present[i], list[i]);
+    return;
+  }
+  std::string bytes;
+  for (const double number : list) append_real(bytes, code, number, format_);
+  replace_run({code}, std::move(bytes));
+}
+
+void FieldWriter::repeated(int code, const std::vector<Point>& list) {
+  std::vector<Point> present;
+  FieldReader(record_, range_).repeated(code, present);
+  const auto needs_z = [](const Point& point) { return point.z != 0; };
+  const bool lacks_z = !range_.find(code + 20) && std::ranges::any_of(list, needs_z);
+  if (present.size() != list.size() || lacks_z) {
+    std::string bytes;
+    for (const Point& point : list) {
+      append_real(bytes, code, point.x, format_);
+      append_real(bytes, code + 10, point.y, format_);
+      append_real(bytes, code + 20, point.z, format_);
+    }
+    return replace_run({code, code + 10, code + 20}, std::move(bytes));
+  }
+  std::size_t met = 0;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group) continue;
+    if (tag.code == code) write_real(tag, list[met++].x);
+    if (met == 0) continue;
+    if (tag.code == code + 10) write_real(tag, list[met - 1].y);
+    if (tag.code == code + 20) write_real(tag, list[met - 1].z);
+  }
+}
+
 std::string FieldWriter::result() const {
-  std::vector<const Edit*> ordered;
-  for (const Edit& edit : edits_) ordered.push_back(&edit);
+  std::vector<const TagEdit*> ordered;
+  for (const TagEdit& edit : edits_) ordered.push_back(&edit);
   std::stable_sort(ordered.begin(), ordered.end(),
-                   [](const Edit* a, const Edit* b) { return a->at < b->at; });
+                   [](const TagEdit* a, const TagEdit* b) { return a->at < b->at; });
   const std::string_view bytes = record_.bytes();
   std::string result;
   std::size_t copied = 0;
-  for (const Edit* edit : ordered) {
+  for (const TagEdit* edit : ordered) {
     result.append(bytes, copied, edit->at - copied).append(edit->bytes);
     copied = edit->at + edit->length;
   }

@@ -56,6 +56,10 @@ class TagRange {
   bool embedded_object();
   /// The first tag of that code in the range, or null.
   const Tag* find(int code) const;
+  /// Where in the record's list of tags one is that find() gave.
+  std::size_t position(const Tag* tag) const {
+    return static_cast<std::size_t>(tag - record_.tags().data());
+  }
   std::size_t first() const { return first_; }
   std::size_t last() const { return last_; }
 

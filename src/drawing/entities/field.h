@@ -12,9 +12,18 @@
 /// A visitor has: operator()(name, code, value) and (name, code, value, unless) for value types
 /// double, int32, string, Point, Ocs, Degrees and Chunked; subclass(name): the fields that follow
 /// stand in the next subclass of that name; any_subclass(): in the next one, whatever its name;
-/// count(code, list): how many there are; embedded_object(): true where what follows is to be
-/// brought to the values too in an object embedded in the subclass; vertices(list): the repeated
-/// groups of a lightweight polyline.
+/// count(code, list): how many there are; vertices(list): the repeated groups of a lightweight
+/// polyline; repeated(code, list): all groups of that code, numbers or points; row(code, list): a
+/// count with that code and so many elements behind it, each described by its `tags(row, element)`;
+/// absent({codes}): what an entity of this sort has not; embedded_object(): true where what follows
+/// is to be brought to the values too in an object embedded in the subclass.
+///
+/// A row, whose group codes mean something by their order alone, has: operator()(code, value) and
+/// (code, value, unless), which need not be there, and with `true` behind is put into rows written
+/// anew all the same; plane(code, point): x and y alone; count(code,
+/// list), also with may_be_missing; list(code, list): the count and then the elements;
+/// alternative(code, variant): which one, from 1 on, and then its tags; present(flag, code,
+/// {codes}): whether that code comes next and one of those after its value.
 namespace velmar::drawing {
 
 /// A field that is left out of the file when it has this value.
@@ -24,6 +33,10 @@ struct unless {
 };
 template <class T>
 unless(T) -> unless<T>;
+
+/// A count that older files do not have.
+struct MayBeMissing {};
+inline constexpr MayBeMissing may_be_missing;
 
 /// A point kept in the object coordinate system of the entity's normal.
 struct Ocs {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,11 @@ struct FieldVisitor {
   void count(int, List&) {}
   template <class List>
   void vertices(List&) {}
+  template <class List>
+  void repeated(int, List&) {}
+  template <class List>
+  void row(int, List&) {}
+  void absent(std::initializer_list<int>) {}
 };
 
 /// Reads the field of that name: points in world coordinates, angles in radians.
