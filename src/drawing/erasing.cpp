@@ -152,12 +152,14 @@ void erase_entity(Store& store, RecordId id) {
   const auto number = static_cast<std::uint32_t>(id);
   if (store.at(id).is(Record::erased)) return;
   ++store.edition;
-  for (RecordId part = store.next(id);
-       !store.at(id).is(Record::part) && index(part) < store.records.size() &&
-       store.at(part).is(Record::part);
-       part = store.next(part)) {
-    mark_erased(store, part);
-    store.modified_since_save.erase(static_cast<std::uint32_t>(part));
+  const Kind kind = store.at(id).kind;
+  if (kind == Kind::insert || kind == Kind::polyline) {  // others have no parts to look for
+    for (RecordId part = store.next(id);
+         index(part) < store.records.size() && store.at(part).is(Record::part);
+         part = store.next(part)) {
+      mark_erased(store, part);
+      store.modified_since_save.erase(static_cast<std::uint32_t>(part));
+    }
   }
   mark_erased(store, id);
   store.modified_since_save.erase(number);

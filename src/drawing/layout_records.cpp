@@ -1,6 +1,7 @@
 #include "drawing/layout_records.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "drawing/block_records.h"
@@ -12,14 +13,35 @@ namespace {
 
 constexpr std::string_view active_sheet = "*Paper_Space";
 
+/// What is saved behind a record, where many are asked for that stand in one line.
+class Order {
+ public:
+  explicit Order(const Store& store) : store_(store) {
+    for (const auto& [anchor, line] : store.added_before) {
+      for (std::size_t i = 0; i + 1 < line.size(); ++i) following_[line[i]] = line[i + 1];
+    }
+  }
+  RecordId next(RecordId id) const {
+    const auto known = following_.find(id);
+    return known == following_.end() ? store_.next(id) : known->second;
+  }
+
+ private:
+  const Store& store_;
+  std::unordered_map<RecordId, RecordId> following_;
+};
+
 std::vector<RecordId> with_parts(const Store& store, const std::vector<RecordId>& entities) {
+  const Order order(store);
   std::vector<RecordId> all;
   for (const RecordId entity : entities) {
-    if (store.at(entity).is(Record::erased)) continue;
+    const Record& record = store.at(entity);
+    if (record.is(Record::erased)) continue;
     all.push_back(entity);
-    for (RecordId part = store.next(entity);
+    if (record.kind != Kind::insert && record.kind != Kind::polyline) continue;
+    for (RecordId part = order.next(entity);
          index(part) < store.records.size() && store.at(part).is(Record::part);
-         part = store.next(part)) {
+         part = order.next(part)) {
       all.push_back(part);
     }
   }
