@@ -12,6 +12,7 @@
 #include "drawing/entity.h"
 #include "drawing/geometry/box.h"
 #include "drawing/record.h"
+#include "drawing/tag_value.h"
 
 namespace velmar::drawing {
 
@@ -51,6 +52,7 @@ struct Changes {
   bool empty() const { return added.empty() && modified.empty() && erased.empty(); }
 };
 
+class Journal;
 struct Store;  // what a drawing is made of, see store.h
 
 /// A DXF drawing, text or binary, R12 to the newest. It keeps the bytes it was read from: saving
@@ -111,6 +113,9 @@ class Drawing {
   std::vector<RecordId> parts(RecordId id) const;
   /// The entity a part belongs to.
   RecordId whole(RecordId part) const;
+  /// All tags of the record, as they would be saved; a value that is not of its code's type is a
+  /// text.
+  std::vector<TagValue> tags(RecordId id) const;
   /// A number that grows with every edit: what was decoded before it changed is stale.
   std::uint64_t edition() const;
 
@@ -142,6 +147,8 @@ class Drawing {
   /// whole. Refused where the target is the file this was read from and it has changed since.
   /// Afterwards the drawing is the file of that path.
   void save(const std::filesystem::path& path);
+  /// From now on every save is noted there before it takes effect.
+  void keep_journal(std::shared_ptr<Journal> journal);
   /// The whole drawing as it would be saved.
   std::string bytes() const;
 

@@ -1,6 +1,7 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/record_edit.h"
 #include "drawing/file_writer.h"
+#include "drawing/journal.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -80,7 +81,28 @@ std::vector<Handle> handles_of(const Store& store, const std::set<std::uint32_t>
   return handles;
 }
 
+/// What the save is about to do. The old content is the source where the target is the file that
+/// this drawing was read from, also after saves since then.
+SaveEntry save_entry(const Store& store, const std::filesystem::path& path, bool same_file,
+                     const std::vector<std::string_view>& pieces) {
+  SaveEntry entry{std::filesystem::absolute(path), {}, mark_of(pieces), {}};
+  if (same_file) {
+    const std::string_view before = store.source.bytes();
+    entry.before = mark_of({before});
+    entry.old = old_runs(before, pieces);
+  } else if (std::filesystem::exists(path) && std::filesystem::file_size(path) > 0) {
+    const Source replaced = Source::map(path);
+    entry.before = mark_of({replaced.bytes()});
+    entry.old = old_runs(replaced.bytes(), {});
+  }
+  return entry;
+}
+
 }  // namespace
+
+void Drawing::keep_journal(std::shared_ptr<Journal> journal) {
+  store_->journal = std::move(journal);
+}
 
 Changes Drawing::changes() const {
   return {handles_of(*store_, store_->added_since_save),
@@ -102,6 +124,9 @@ void Drawing::save(const std::filesystem::path& path) {
   const Pieces pieces(*store_);
   FileWriter file(path);
   file.write(pieces.list());
+  if (store_->journal) {
+    store_->journal->add(save_entry(*store_, path, same_file, pieces.list()));
+  }
   file.finish();
   store_->path = path;
   store_->name = path.string();

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <map>
+#include <memory>
 #include <set>
 #include <unordered_map>
 
@@ -59,7 +60,8 @@ struct Store {
   std::set<std::uint32_t> added_since_save, modified_since_save, erased_since_save;
   mutable std::deque<std::string> class_names;  // Record::class_number counts them from 1
   std::uint64_t edition = 0, saved_edition = 0;
-  std::optional<FileStamp> stamp;  // of the file at `path` as this drawing knows it
+  std::shared_ptr<Journal> journal;  // of saves; null: none is kept
+  std::optional<FileStamp> stamp;    // of the file at `path` as this drawing knows it
   bool any_erased = false;
   bool gave_handles = false;  // written ones: then $HANDSEED follows
 

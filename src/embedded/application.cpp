@@ -88,8 +88,14 @@ DocumentPointer Application::open(const std::filesystem::path& path) {
 }
 
 void Application::activate(const DocumentPointer& document) {
+  session_->activate(object_of(document));
+}
+
+void Application::close(const DocumentPointer& document) { session_->close(object_of(document)); }
+
+Session::DocumentObject Application::object_of(const DocumentPointer& document) const {
   for (const auto& open : session_->documents()) {
-    if (open->state() == document) return session_->activate(open);
+    if (open->state() == document) return open;
   }
   throw failure(HostError::disconnected);
 }

@@ -23,6 +23,8 @@ class Application final : public PlainObject {
   DocumentPointer open(const std::filesystem::path& path);
   /// Makes an open drawing the active one.
   void activate(const DocumentPointer& document);
+  /// Without saving.
+  void close(const DocumentPointer& document);
   /// The open drawings, in the order in which they were opened.
   std::vector<DocumentPointer> documents() const;
   /// Null where no drawing is open.
@@ -30,6 +32,7 @@ class Application final : public PlainObject {
 
  private:
   std::string caption() const;
+  Session::DocumentObject object_of(const DocumentPointer& document) const;
 
   std::shared_ptr<Session> session_;
   bool visible_ = true;

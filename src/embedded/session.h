@@ -36,6 +36,7 @@ class Session : public std::enable_shared_from_this<Session> {
   void close(const DocumentObject& document);
 
   Input& input;
+  std::shared_ptr<drawing::Journal> journal;  // of every drawing's saves; null: none is kept
   std::int32_t save_as_type = native_save_type;
   std::weak_ptr<basic::Referenced> application;
 
