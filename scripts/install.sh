@@ -31,5 +31,6 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 
 echo "Installing ${missing[*]} ..." >&2
-"$scripts/quietly.sh" "${as_root[@]}" apt-get update
+"$scripts/quietly.sh" "${as_root[@]}" apt-get \
+  -oAPT::Architectures="$(dpkg --print-architecture)" update
 "$scripts/quietly.sh" "${as_root[@]}" apt-get install -y --no-install-recommends --no-remove "${missing[@]}"

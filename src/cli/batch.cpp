@@ -18,6 +18,7 @@
 #include "drawing/error.h"
 #include "drawing/journal.h"
 #include "drawing/source.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -34,7 +35,7 @@ struct BatchOptions {
 };
 
 bool is_script(const std::string& work) {
-  return basic::equal_ignoring_case(fs::path(work).extension().string(), ".scr");
+  return basic::equal_ignoring_case(drawing::utf8_path(work).extension().string(), ".scr");
 }
 
 void check(const BatchOptions& options) {
@@ -47,7 +48,7 @@ void check(const BatchOptions& options) {
     if (!options.arguments.empty() || !options.answers.empty()) {
       throw UsageError("a script has its arguments and answers in it");
     }
-    if (!fs::is_regular_file(options.work))
+    if (!fs::is_regular_file(drawing::utf8_path(options.work)))
       throw UsageError(options.work + ": there is no such script");
   } else {
     require_method(options.work);
@@ -76,7 +77,7 @@ void refuse_same_targets(const BatchOptions& options, const std::vector<DrawingF
   for (const DrawingFile& file : files) {
     if (!targets.insert(file.below).second) {
       throw UsageError("two drawings would be saved as " +
-                       (fs::path(options.output) / file.below).string() +
+                       (drawing::utf8_path(options.output) / file.below).string() +
                        ": name a folder above both instead");
     }
   }
@@ -89,23 +90,24 @@ void prepare_journals(BatchOptions& options) {
   const bool is_own = options.journal.empty();
   if (is_own && (!options.save || options.report.empty())) return;
   if (is_own) options.journal = options.report + ".journals";
-  if (!options.resume && is_own) fs::remove_all(options.journal);
-  fs::create_directories(options.journal);
-  if (!options.resume && !fs::is_empty(options.journal)) {
+  const fs::path folder = drawing::utf8_path(options.journal);
+  if (!options.resume && is_own) fs::remove_all(folder);
+  fs::create_directories(folder);
+  if (!options.resume && !fs::is_empty(folder)) {
     throw UsageError(options.journal + ": has journals of another batch in it");
   }
 }
 
 fs::path journal_for(const BatchOptions& options, const DrawingFile& file, std::size_t number) {
   const std::string name = std::to_string(number) + "-" + file.below.filename().string();
-  return fs::path(options.journal) / (name + ".journal");
+  return drawing::utf8_path(options.journal) / drawing::utf8_path(name + ".journal");
 }
 
 /// Whether the drawing is what a stopped batch left when it had saved it.
-bool was_saved(const fs::path& journal, const std::string& drawing) {
+bool was_saved(const fs::path& journal, const std::string& file) {
   try {
     const std::vector<drawing::SaveEntry> entries = drawing::Journal::read(journal);
-    const drawing::Source now = drawing::Source::map(drawing);
+    const drawing::Source now = drawing::Source::map(drawing::utf8_path(file));
     return !entries.empty() && drawing::mark_of({now.bytes()}) == entries.back().after;
   } catch (const drawing::Error&) {
     return false;  // no journal, or none of a complete save
@@ -127,7 +129,7 @@ BatchJob job_for(const BatchOptions& options, const DrawingFile& file, std::size
     add({"--journal", journal_for(options, file, number).string()});
   }
   if (!options.output.empty() && !options.dry_run) {
-    const fs::path target = fs::path(options.output) / file.below;
+    const fs::path target = drawing::utf8_path(options.output) / file.below;
     fs::create_directories(target.parent_path());
     job.saved_to = target.string();
     add({"-o", job.saved_to});
@@ -174,7 +176,8 @@ ExitCode run_batch(BatchOptions& options) {
       shard_of(drawing_files(options.paths, options.recursive), options.shard);
   prepare_journals(options);
   BatchReport report;
-  if (!options.report.empty()) report = BatchReport(options.report, options.resume);
+  if (!options.report.empty())
+    report = BatchReport(drawing::utf8_path(options.report), options.resume);
 
   refuse_same_targets(options, files);
   std::deque<BatchJob> jobs;

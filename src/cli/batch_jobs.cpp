@@ -66,7 +66,8 @@ BatchJobs::~BatchJobs() {
 void BatchJobs::fill_up() {
   while (running_.size() < at_once_ && !waiting_.empty()) {
     const fs::path output = folder_ / std::to_string(started_++);
-    const fs::path errors = output.string() + ".err";
+    fs::path errors = output;
+    errors += ".err";
     auto process = std::make_unique<Process>(waiting_.front().command, output, errors);
     running_.push_back(
         {std::move(waiting_.front()), Clock::now(), output, errors, std::move(process)});

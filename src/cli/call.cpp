@@ -44,7 +44,7 @@ std::vector<std::string> read_answers(const CallOptions& options) {
   if (options.answers_file == "-") {
     append_lines(std::cin, answers);
   } else if (!options.answers_file.empty()) {
-    std::ifstream file(options.answers_file);
+    std::ifstream file(drawing::utf8_path(options.answers_file));
     append_lines(file, answers);
     if (file.bad() || !file.eof()) {
       throw UsageError(options.answers_file + ": the answers cannot be read");

@@ -7,6 +7,7 @@
 #include "cli/json.h"
 #include "drawing/comparison.h"
 #include "drawing/name.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -120,8 +121,8 @@ class DiffReport {
 };
 
 ExitCode show_difference(const DiffOptions& options) {
-  const drawing::Drawing a = drawing::Drawing::open(options.a);
-  const drawing::Drawing b = drawing::Drawing::open(options.b);
+  const drawing::Drawing a = drawing::Drawing::open(drawing::utf8_path(options.a));
+  const drawing::Drawing b = drawing::Drawing::open(drawing::utf8_path(options.b));
   const DiffReport report(a, b, options);
   print(options.json ? to_text(report.json()) : report.text());
   return report.same() ? ExitCode::done : ExitCode::method_failed;

@@ -5,6 +5,7 @@
 
 #include "basic/strings.h"
 #include "cli/usage_error.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -83,7 +84,7 @@ std::vector<DrawingFile> files_below(const fs::path& folder, Wanted wanted) {
 
 std::vector<DrawingFile> files_of(const std::string& path, bool recursive) {
   std::error_code ignored;
-  const fs::path given(path);
+  const fs::path given = drawing::utf8_path(path);
   if (fs::is_directory(given, ignored)) {
     if (recursive) return files_below<fs::recursive_directory_iterator>(given, is_drawing);
     return files_below<fs::directory_iterator>(given, is_drawing);

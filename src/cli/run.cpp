@@ -8,7 +8,9 @@
 #include "component/method_table.h"
 #include "component/session.h"
 #include "drawing/error.h"
+#include "drawing/utf8_path.h"
 #include "embedded/host.h"
+#include "system/user_system.h"
 
 namespace velmar::cli {
 namespace {
@@ -18,14 +20,14 @@ namespace fs = std::filesystem;
 std::shared_ptr<embedded::Application> start_host(embedded::Input& input,
                                                   const std::string& journal) {
   embedded::Options options;
-  if (!journal.empty()) options.journal = fs::absolute(journal);
+  if (!journal.empty()) options.journal = fs::absolute(drawing::utf8_path(journal));
   return embedded::start(input, options);
 }
 
 }  // namespace
 
 Run::Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal)
-    : application_(start_host(input, journal)) {
+    : application_(start_host(input, journal)), velmar_(system::user_system()) {
   embedded::DocumentPointer first;
   for (const std::string& file : files) {
     const embedded::DocumentPointer document = open(file);
@@ -41,10 +43,11 @@ Run::~Run() {
 }
 
 embedded::DocumentPointer Run::open(const std::string& file) {
+  const fs::path path = drawing::utf8_path(file);
   std::error_code ignored;
-  if (fs::is_directory(file, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
+  if (fs::is_directory(path, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
   try {
-    const embedded::DocumentPointer document = application_->open(file);
+    const embedded::DocumentPointer document = application_->open(path);
     show_warnings(file, document->drawing);
     given_names_.emplace(document->drawing.path().string(), file);
     return document;

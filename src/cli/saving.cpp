@@ -6,6 +6,7 @@
 #include "basic/strings.h"
 #include "cli/console.h"
 #include "cli/usage_error.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -19,9 +20,10 @@ std::string target_of(const std::string& file, bool is_active, bool is_changed,
 
 /// The content that a save is about to replace, under the same name with ".bak" behind it.
 void keep_backup(const std::string& target) {
+  const std::filesystem::path from = drawing::utf8_path(target);
   std::error_code error;
-  if (!std::filesystem::exists(target, error)) return;
-  std::filesystem::copy_file(target, target + ".bak",
+  if (!std::filesystem::exists(from, error)) return;
+  std::filesystem::copy_file(from, drawing::utf8_path(target + ".bak"),
                              std::filesystem::copy_options::overwrite_existing, error);
   if (error) {
     throw drawing::Error(target + ".bak: cannot be written: " + error.message() +
@@ -37,7 +39,7 @@ void save_to(embedded::DocumentState& document, const std::string& target, bool 
       throw drawing::Error(target + ": is write-protected; give --output to save elsewhere");
     }
     if (backup) keep_backup(target);
-    document.drawing.save(target);
+    document.drawing.save(drawing::utf8_path(target));
     record.drawings.back().saved_to = target;
   } catch (const drawing::Error& error) {
     if (record.drawing_failure) complain(*record.drawing_failure);
@@ -68,7 +70,7 @@ void check_saving(const SavingOptions& options, std::span<const std::string> dra
   if (drawings.empty() && (options.in_place || !options.output.empty())) {
     throw UsageError("there is no drawing to save: give one with --drawing");
   }
-  const std::string extension = std::filesystem::path(options.output).extension().string();
+  const std::string extension = drawing::utf8_path(options.output).extension().string();
   if (!options.output.empty() && !basic::equal_ignoring_case(extension, ".dxf")) {
     throw UsageError(options.output + ": only DXF can be written: the name must end in .dxf");
   }

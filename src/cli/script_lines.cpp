@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "drawing/error.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -18,12 +19,13 @@ bool is_blank(const std::string& line) { return line.find_first_not_of(" \t") ==
 }  // namespace
 
 ScriptLines::ScriptLines(const std::string& file) : file_(file) {
-  std::ifstream script(file);
+  const std::filesystem::path path = drawing::utf8_path(file);
+  std::ifstream script(path);
   for (std::string line; std::getline(script, line);) {
     if (line.ends_with('\r')) line.pop_back();
     lines_.push_back(std::move(line));
   }
-  if (!script.eof() || std::filesystem::is_directory(file)) {
+  if (!script.eof() || std::filesystem::is_directory(path)) {
     throw drawing::Error(file + ": the script cannot be read");
   }
 }

@@ -5,6 +5,7 @@
 #include "cli/usage_error.h"
 #include "component/method_table.h"
 #include "drawing/error.h"
+#include "drawing/utf8_path.h"
 
 // The commands about the session rather than the drawing's content.
 namespace velmar::cli {
@@ -67,7 +68,7 @@ void Interpreter::save(Words words) {
 void Interpreter::save_as(Words words) {
   const embedded::DocumentPointer document = active();
   const std::string file = dxf_name(only_word(words, "SAVEAS", "file"));
-  document->drawing.save(std::filesystem::absolute(file).lexically_normal());
+  document->drawing.save(std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
   document->read_only = false;
   print("saved to " + file + "\n");
 }

@@ -7,6 +7,7 @@
 #include "cli/console.h"
 #include "drawing/error.h"
 #include "drawing/journal.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -31,7 +32,8 @@ std::string_view in_words(drawing::UndoOutcome outcome) {
 bool is_wanted(const drawing::SaveEntry& entry, const std::vector<std::string>& files) {
   if (files.empty()) return true;
   for (const std::string& file : files) {
-    if (std::filesystem::absolute(file).lexically_normal() == entry.file.lexically_normal()) {
+    if (std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal() ==
+        entry.file.lexically_normal()) {
       return true;
     }
   }
@@ -40,7 +42,8 @@ bool is_wanted(const drawing::SaveEntry& entry, const std::vector<std::string>& 
 
 ExitCode undo_all(const UndoOptions& options) {
   ExitCode code = ExitCode::done;
-  const std::vector<drawing::SaveEntry> entries = drawing::Journal::read(options.journal);
+  const std::vector<drawing::SaveEntry> entries =
+      drawing::Journal::read(drawing::utf8_path(options.journal));
   for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
     if (!is_wanted(*entry, options.files)) continue;
     try {

@@ -12,6 +12,7 @@
 #include "drawing/error.h"
 #include "drawing/file_writer.h"
 #include "drawing/source.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::drawing {
 namespace {
@@ -23,10 +24,6 @@ constexpr std::string_view first_line = "velmar journal 1";
 std::string utf8(const fs::path& path) {
   const std::u8string text = path.u8string();
   return {text.begin(), text.end()};
-}
-
-fs::path path_of(const std::string& text) {
-  return fs::path(std::u8string(text.begin(), text.end()));
 }
 
 std::string text_of(const ContentMark& mark) {
@@ -47,7 +44,7 @@ class JournalReader {
   SaveEntry entry() {
     if (line() != first_line) refuse("\"" + std::string(first_line) + "\"");
     SaveEntry entry;
-    entry.file = path_of(field("file"));
+    entry.file = utf8_path(field("file"));
     const std::string before = field("before");
     if (before != "nothing") entry.before = mark(before);
     entry.after = mark(field("after"));

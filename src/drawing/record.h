@@ -33,7 +33,7 @@ struct Record {
     moved = 64            // of the source, but saved at another place of it
   };
 
-  std::uint64_t begin = 0;  // offset of its group 0 in the source
+  std::size_t begin = 0;  // offset of its group 0 in the source
   Handle handle = 0;
   LayerId layer = LayerId::none;
   SpaceId space = SpaceId::none;  // where it is drawn; none for what is no entity

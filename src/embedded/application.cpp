@@ -8,6 +8,7 @@
 #include "embedded/errors.h"
 #include "embedded/host.h"
 #include "embedded/preferences.h"
+#include "embedded/program_path.h"
 #include "embedded/zoom.h"
 
 namespace velmar::embedded {
@@ -21,12 +22,6 @@ class AcadState final : public PlainObject {
     return true;
   }
 };
-
-/// Empty where the system does not tell.
-std::filesystem::path program_path() {
-  std::error_code unknown;
-  return std::filesystem::read_symlink("/proc/self/exe", unknown);
-}
 
 std::shared_ptr<Document> required(std::shared_ptr<Document> active) {
   if (!active) throw failure(HostError::no_document);
