@@ -23,7 +23,8 @@ consteval GUID guid(std::string_view text) {
   }
   if (digits != 32) throw "not a GUID";
   GUID number{};
-  number.Data1 = static_cast<unsigned long>(bytes[0]) << 24 | static_cast<unsigned long>(bytes[1]) << 16 |
+  number.Data1 = static_cast<unsigned long>(bytes[0]) << 24 |
+                 static_cast<unsigned long>(bytes[1]) << 16 |
                  static_cast<unsigned long>(bytes[2]) << 8 | bytes[3];
   number.Data2 = static_cast<unsigned short>(bytes[4] << 8 | bytes[5]);
   number.Data3 = static_cast<unsigned short>(bytes[6] << 8 | bytes[7]);

@@ -31,7 +31,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   std::FILE* const file = std::fopen(argv[2], "wb");
-  const bool written = file != nullptr && std::fwrite(text.data(), 1, text.size(), file) == text.size();
+  const bool written =
+      file != nullptr && std::fwrite(text.data(), 1, text.size(), file) == text.size();
   if (file == nullptr || std::fclose(file) != 0 || !written) {
     std::perror(argv[2]);
     return 1;

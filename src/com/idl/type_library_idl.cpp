@@ -35,13 +35,20 @@ library @library {
 
 std::string in_idl(ValueType type, bool is_colour) {
   switch (type) {
-    case ValueType::none: return "void";
-    case ValueType::variant: return "VARIANT";
-    case ValueType::boolean: return "VARIANT_BOOL";
-    case ValueType::int16: return "short";
-    case ValueType::int32: return is_colour ? "enum " + std::string(colour_type) : "long";
-    case ValueType::number: return "double";
-    case ValueType::text: return "BSTR";
+    case ValueType::none:
+      return "void";
+    case ValueType::variant:
+      return "VARIANT";
+    case ValueType::boolean:
+      return "VARIANT_BOOL";
+    case ValueType::int16:
+      return "short";
+    case ValueType::int32:
+      return is_colour ? "enum " + std::string(colour_type) : "long";
+    case ValueType::number:
+      return "double";
+    case ValueType::text:
+      return "BSTR";
   }
   return {};
 }

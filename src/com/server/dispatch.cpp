@@ -99,8 +99,9 @@ bool is_to_store(const Parameter& parameter, const Value& before, const Value& a
   return parameter.type != ValueType::variant || !(before == after);
 }
 
-HRESULT write_back(const Method& method, const PlacedArguments& placed, basic::Separators separators,
-                   const Arguments& before, const Arguments& after, UINT& wrong_argument) {
+HRESULT write_back(const Method& method, const PlacedArguments& placed,
+                   basic::Separators separators, const Arguments& before, const Arguments& after,
+                   UINT& wrong_argument) {
   HRESULT result = S_OK;
   for (std::size_t i = 0; i < method.parameter_count; ++i) {
     if (!placed[i] || !is_to_store(method.parameter_list[i], before[i], after[i])) continue;
@@ -156,7 +157,7 @@ HRESULT ids_of_names(std::span<const LPOLESTR> names, std::span<DISPID> ids) {
 HRESULT call_by_id(VelmarObject& object, DISPID id, const DISPPARAMS& given,
                    const Answers& answers) {
   if (answers.result) VariantInit(answers.result);
-  const Method* const method = find_method(id);
+  const Method* const method = method_of(id);
   if (!method) return DISP_E_MEMBERNOTFOUND;
   UINT unwanted = 0;
   UINT& wrong_argument = answers.wrong_argument ? *answers.wrong_argument : unwanted;

@@ -23,6 +23,7 @@ struct Answers {
 
 /// Arguments become the declared types by the rules of the user's locale. What the method wrote is
 /// put back into arguments given by reference, also when it failed.
-HRESULT call_by_id(VelmarObject& object, DISPID id, const DISPPARAMS& given, const Answers& answers);
+HRESULT call_by_id(VelmarObject& object, DISPID id, const DISPPARAMS& given,
+                   const Answers& answers);
 
 }  // namespace velmar::com

@@ -14,6 +14,11 @@ namespace velmar::com {
 template <ValueType type>
 struct EarlyType;
 
+template <>
+struct EarlyType<ValueType::none> {
+  using Type = void;
+};
+
 /// Types that are the same on both sides.
 template <class Early, class Basic>
 struct EarlyNumber {

@@ -6,11 +6,11 @@
 #include "com/server/class_factory.h"
 #include "com/server/module.h"
 #include "com/server/thread_watch.h"
-#include "com/server/type_library.h"
 
 // The functions that the DLL exports, by velmar_menu.def.
 
-extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID class_wanted, REFIID id, void** found) {
+extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID class_wanted, REFIID id,
+                                                    void** found) {
   if (!found) return E_POINTER;
   *found = nullptr;
   if (!IsEqualCLSID(class_wanted, velmar::com::class_guid)) return CLASS_E_CLASSNOTAVAILABLE;
@@ -28,11 +28,8 @@ extern "C" HRESULT STDAPICALLTYPE DllCanUnloadNow() {
 }
 
 extern "C" HRESULT STDAPICALLTYPE DllRegisterServer() {
-  return velmar::com::guarded([] {
-    HRESULT result = S_OK;
-    const auto library = velmar::com::own_type_library(result);
-    return library ? velmar::com::register_class(velmar::com::module_path(), *library.get()) : result;
-  });
+  return velmar::com::guarded(
+      [] { return velmar::com::register_class(velmar::com::module_path()); });
 }
 
 extern "C" HRESULT STDAPICALLTYPE DllUnregisterServer() {

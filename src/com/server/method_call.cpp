@@ -20,9 +20,9 @@ Outcome call_method(VelmarObject& object, const Method& method, std::span<basic:
   return outcome;
 }
 
-const Method* find_method(DISPID id) {
-  const auto row = std::ranges::lower_bound(methods(), static_cast<std::uint32_t>(id), {},
-                                            &Method::dispatch_id);
+const Method* method_of(DISPID id) {
+  const auto row =
+      std::ranges::lower_bound(methods(), static_cast<std::uint32_t>(id), {}, &Method::dispatch_id);
   return row != methods().end() && row->dispatch_id == static_cast<std::uint32_t>(id) ? &*row
                                                                                       : nullptr;
 }

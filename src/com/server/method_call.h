@@ -20,6 +20,6 @@ struct Outcome {
 Outcome call_method(VelmarObject& object, const Method& method, std::span<basic::Value> arguments);
 
 /// The row of a dispatch identifier, or null.
-const Method* find_method(DISPID id);
+const Method* method_of(DISPID id);
 
 }  // namespace velmar::com

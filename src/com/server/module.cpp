@@ -29,7 +29,8 @@ void lock_module(bool locked) { uses += locked ? 1 : -1; }
 std::filesystem::path module_path() {
   std::wstring path(MAX_PATH, L'\0');
   for (;;) {
-    const DWORD length = GetModuleFileNameW(this_module(), path.data(), static_cast<DWORD>(path.size()));
+    const DWORD length =
+        GetModuleFileNameW(this_module(), path.data(), static_cast<DWORD>(path.size()));
     if (length == 0) {
       throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
     }

@@ -22,7 +22,8 @@ ULONG STDMETHODCALLTYPE release(DualInterface* self) { return self->object->Rele
 HRESULT STDMETHODCALLTYPE get_type_info_count(DualInterface* self, UINT* count) {
   return self->object->GetTypeInfoCount(count);
 }
-HRESULT STDMETHODCALLTYPE get_type_info(DualInterface* self, UINT i, LCID locale, ITypeInfo** info) {
+HRESULT STDMETHODCALLTYPE get_type_info(DualInterface* self, UINT i, LCID locale,
+                                        ITypeInfo** info) {
   return self->object->GetTypeInfo(i, locale, info);
 }
 HRESULT STDMETHODCALLTYPE get_ids_of_names(DualInterface* self, REFIID reserved, LPOLESTR* names,
@@ -43,9 +44,9 @@ constexpr Parameter declared = published::methods[row].parameter_list[parameter]
 template <std::size_t row, std::size_t parameter>
 using Early = EarlyType<declared<row, parameter>.type>;
 template <std::size_t row, std::size_t parameter>
-using Given = std::conditional_t<declared<row, parameter>.by_reference,
-                                 typename Early<row, parameter>::Type*,
-                                 typename Early<row, parameter>::Type>;
+using Given =
+    std::conditional_t<declared<row, parameter>.by_reference, typename Early<row, parameter>::Type*,
+                       typename Early<row, parameter>::Type>;
 
 /// A call with the values of its arguments, whatever their types.
 HRESULT run(DualInterface* self, const Method& method, std::span<basic::Value> arguments,
@@ -57,8 +58,8 @@ HRESULT run(DualInterface* self, const Method& method, std::span<basic::Value> a
 }
 
 /// The function for one row of the method table.
-template <std::size_t row, class Parameters = std::make_index_sequence<
-                               published::methods[row].parameter_count>>
+template <std::size_t row,
+          class Parameters = std::make_index_sequence<published::methods[row].parameter_count>>
 struct MethodSlot;
 
 template <std::size_t row, std::size_t... parameter>
@@ -90,7 +91,7 @@ struct MethodSlot<row, std::index_sequence<parameter...>> {
     if ((lacks<parameter>(given) || ...)) return E_POINTER;
     return guarded([&] {
       Arguments arguments{in<parameter>(given)...};
-      const Arguments before = arguments;
+      [[maybe_unused]] const Arguments before = arguments;
       const HRESULT done = run(self, published::methods[row], arguments, result);
       (out<parameter>(before[parameter], arguments[parameter], given), ...);
       return done;
@@ -134,14 +135,11 @@ Slot method_slot() {
 
 template <std::size_t... row>
 auto all_slots(std::index_sequence<row...>) {
-  return std::array{reinterpret_cast<Slot>(&query_interface),
-                    reinterpret_cast<Slot>(&add_ref),
-                    reinterpret_cast<Slot>(&release),
-                    reinterpret_cast<Slot>(&get_type_info_count),
-                    reinterpret_cast<Slot>(&get_type_info),
-                    reinterpret_cast<Slot>(&get_ids_of_names),
-                    reinterpret_cast<Slot>(&invoke),
-                    method_slot<row>()...};
+  return std::array{
+      reinterpret_cast<Slot>(&query_interface), reinterpret_cast<Slot>(&add_ref),
+      reinterpret_cast<Slot>(&release),         reinterpret_cast<Slot>(&get_type_info_count),
+      reinterpret_cast<Slot>(&get_type_info),   reinterpret_cast<Slot>(&get_ids_of_names),
+      reinterpret_cast<Slot>(&invoke),          method_slot<row>()...};
 }
 
 }  // namespace
