@@ -52,6 +52,6 @@ class Input {
 
 /// The host's failure after a cancelled question: "Method 'GetEntity' of object 'IAcadUtility'
 /// failed", and why where the input knows it.
-basic::Failure cancelled(host::Member method, std::string_view interface, const Input& input);
+basic::Failure cancelled(host::Member method, std::string_view interface_name, const Input& input);
 
 }  // namespace velmar::embedded
