@@ -84,7 +84,7 @@ Value DispatchObject::call(Member member, std::span<Value> arguments) {
 }
 
 std::unique_ptr<host::Enumerator> DispatchObject::enumerate() {
-  return walk(*object_.get(), connection_);
+  return walk(*object_.get(), connection_, is_afar(*object_.get()));
 }
 
 DISPID DispatchObject::id_of(Member member) {

@@ -14,19 +14,12 @@ using basic::Value;
 
 constexpr std::string_view step = "Walking a collection";
 
-/// What stands for an object of another process or another thread.
-bool is_proxy(IUnknown& object) {
-  ComPtr<IClientSecurity> security;
-  return SUCCEEDED(
-      object.QueryInterface(__uuidof(IClientSecurity), reinterpret_cast<void**>(security.put())));
-}
-
 class ItemWalk : public host::Enumerator {
  public:
-  ItemWalk(ComPtr<IEnumVARIANT> items, std::shared_ptr<Connection> connection)
-      : items_(std::move(items)), connection_(std::move(connection)) {
-    if (!is_proxy(*items_.get())) block_size_ = 1;
-  }
+  ItemWalk(ComPtr<IEnumVARIANT> items, std::shared_ptr<Connection> connection, ULONG block_size)
+      : items_(std::move(items)), connection_(std::move(connection)), block_size_(block_size) {}
+
+  static constexpr ULONG largest_block = 64;
 
   bool next(Value& item) override {
     for (;;) {
@@ -38,15 +31,13 @@ class ItemWalk : public host::Enumerator {
   }
 
  private:
-  static constexpr ULONG largest_block = 64;
-
   bool fetch();
   static bool is_alive(const Value& item);
 
   ComPtr<IEnumVARIANT> items_;
   std::shared_ptr<Connection> connection_;
   std::array<Variant, largest_block> block_;
-  ULONG block_size_ = largest_block, at_ = 0, fetched_ = 0;
+  ULONG block_size_, at_ = 0, fetched_ = 0;
   bool ended_ = false;
   unsigned erasures_ = 0;
 };
@@ -79,8 +70,14 @@ bool ItemWalk::is_alive(const Value& item) {
 
 }  // namespace
 
+bool is_afar(IUnknown& object) {
+  ComPtr<IClientSecurity> of_proxies;
+  return SUCCEEDED(
+      object.QueryInterface(__uuidof(IClientSecurity), reinterpret_cast<void**>(of_proxies.put())));
+}
+
 std::unique_ptr<host::Enumerator> walk(IDispatch& collection,
-                                       std::shared_ptr<Connection> connection) {
+                                       std::shared_ptr<Connection> connection, bool from_afar) {
   DISPPARAMS none{};
   Variant found;
   EXCEPINFO exception{};
@@ -97,7 +94,8 @@ std::unique_ptr<host::Enumerator> walk(IDispatch& collection,
   const auto items = ComPtr<IUnknown>::sharing(object ? variant.punkVal : nullptr);
   auto enumerator = items.as<IEnumVARIANT>();
   if (!enumerator) throw basic::Failure(basic::not_a_collection);
-  return std::make_unique<ItemWalk>(std::move(enumerator), std::move(connection));
+  return std::make_unique<ItemWalk>(std::move(enumerator), std::move(connection),
+                                    from_afar ? ItemWalk::largest_block : 1);
 }
 
 }  // namespace velmar::com

@@ -7,10 +7,13 @@
 
 namespace velmar::com {
 
-/// A walk over a collection of an automation host; error 438 where the object is none. In the
-/// host's process items come one by one, from another process many at a time, since each call there
-/// is a round trip: of these, items erased by this connection in the meantime are left out.
+/// Whether the object lives in another process, or on another thread.
+bool is_afar(IUnknown& object);
+
+/// A walk over a collection of an automation host; error 438 where the object is none. From afar,
+/// where each call is a round trip, many items are fetched at a time; those that this connection
+/// has erased since then are left out.
 std::unique_ptr<host::Enumerator> walk(IDispatch& collection,
-                                       std::shared_ptr<Connection> connection);
+                                       std::shared_ptr<Connection> connection, bool from_afar);
 
 }  // namespace velmar::com

@@ -73,7 +73,9 @@ std::shared_ptr<DispatchObject> find_host() {
   const std::string program = host_program();
   CLSID class_id{};
   if (FAILED(CLSIDFromProgID(to_wide(program).c_str(), &class_id))) {
-    throw not_found(program, "is not registered on this computer (the variable VELMAR_HOST can name another one)");
+    throw not_found(
+        program,
+        "is not registered on this computer (the variable VELMAR_HOST can name another one)");
   }
   ComPtr<IDispatch> application = running(class_id);
   if (!application) {
