@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -38,6 +39,7 @@ class Session : public std::enable_shared_from_this<Session> {
   Input& input;
   std::int32_t save_as_type = native_save_type;
   std::weak_ptr<basic::Referenced> application;
+  std::function<void()> quit;  // ends the program that runs the host, where it can be ended
 
  private:
   DocumentObject begin(drawing::Drawing drawing);
