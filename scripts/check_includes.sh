@@ -11,7 +11,7 @@ calc text geometry layers measure batch: component host basic
 drawing:
 embedded: host drawing basic
 com: component host embedded basic
-cli: component embedded host drawing basic
+cli: component com embedded host drawing basic
 '
 
 cd "${1:-$(dirname "$0")/../src}"

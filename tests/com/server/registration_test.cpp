@@ -1,5 +1,7 @@
+#include <functional>
 #include <map>
 #include <string>
+#include <thread>
 
 #include "com/guid.h"
 #include "com/registration/class_entries.h"
@@ -107,25 +109,23 @@ TEST_F(Registration, KeepsWhatTheOtherBitnessNeeds) {
 }
 
 /// What a thread outside any apartment of its own gets from the class, through the marshaller.
-DWORD WINAPI call_from_free_thread(void* failed_step) {
-  auto& step = *static_cast<int*>(failed_step);
+void call_from_free_thread(int& step) {
   CoInitializeEx(nullptr, COINIT_MULTITHREADED);
   {
     void* made = nullptr;
     CLSID found{};
     step = 1;
-    if (FAILED(CLSIDFromProgID(L"VelmarMenu.Velmar16", &found))) return 0;
+    if (FAILED(CLSIDFromProgID(L"VelmarMenu.Velmar16", &found))) return;
     step = 2;
     if (FAILED(CoCreateInstance(found, nullptr, CLSCTX_INPROC_SERVER, interface_guid, &made)))
-      return 0;
+      return;
     const auto object = ComPtr<IUnknown>::taking(static_cast<IUnknown*>(made));
     using Rup = HRESULT(STDMETHODCALLTYPE*)(void*, VARIANT*, double*, double*);
     auto* const slots = *reinterpret_cast<void (***)()>(object.get());
     VARIANT n = number(11.4);
     double interval = 5, result = 0;
     step = 3;
-    if (FAILED(reinterpret_cast<Rup>(slots[7 + 12])(object.get(), &n, &interval, &result)))
-      return 0;
+    if (FAILED(reinterpret_cast<Rup>(slots[7 + 12])(object.get(), &n, &interval, &result))) return;
     step = result == 15 && n.dblVal == 11 ? 4 : 5;
     interval = 0;
     const HRESULT failure =
@@ -133,7 +133,6 @@ DWORD WINAPI call_from_free_thread(void* failed_step) {
     if (step == 4 && static_cast<unsigned>(failure) == 0x800A000BU) step = 0;
   }
   CoUninitialize();
-  return 0;
 }
 
 TEST_F(Registration, LetsOtherThreadsCallThroughTheMarshaller) {
@@ -141,9 +140,7 @@ TEST_F(Registration, LetsOtherThreadsCallThroughTheMarshaller) {
   const Registered registered(server_);
   ASSERT_TRUE(registered);
   int failed_step = -1;
-  HANDLE thread = CreateThread(nullptr, 0, call_from_free_thread, &failed_step, 0, nullptr);
-  EXPECT_EQ(WaitForSingleObject(thread, 20000), WAIT_OBJECT_0);
-  CloseHandle(thread);
+  std::thread(call_from_free_thread, std::ref(failed_step)).join();
   EXPECT_EQ(failed_step, 0);
 }
 
