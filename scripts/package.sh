@@ -13,11 +13,14 @@ rm -rf "$folder"
 mkdir -p "$folder/glue" "$folder/licences"
 
 for bits in 32 64; do
-  scripts/build.sh windows$bits
+  build=build/windows$bits
+  scripts/build.sh windows$bits VelmarMenu velmar
+  if cmake --build "$build" --target help | grep -q '^velmar-host: phony'; then
+    scripts/build.sh windows$bits velmar-host
+  fi
   mkdir "$folder/win$bits"
-  # The DLL and velmar belong in every package; a server of drawings is taken along where it is built.
-  cp "build/windows$bits/src/com/VelmarMenu.dll" "build/windows$bits/src/cli/velmar.exe" "$folder/win$bits/"
-  find "build/windows$bits/src" -name velmar-host.exe -exec cp {} "$folder/win$bits/" \;
+  cp "$build/src/com/VelmarMenu.dll" "$folder/win$bits/"
+  find "$build/src" -name 'velmar*.exe' -exec cp {} "$folder/win$bits/" \;
   "$(ls /usr/bin/*-w64-mingw32-strip | head -1)" "$folder/win$bits/"*.exe
 done
 
