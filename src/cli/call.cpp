@@ -1,6 +1,5 @@
 #include <CLI/CLI.hpp>
 #include <array>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -16,6 +15,7 @@
 #include "cli/run.h"
 #include "cli/saving.h"
 #include "cli/usage_error.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -44,7 +44,7 @@ std::vector<std::string> read_answers(const CallOptions& options) {
   if (options.answers_file == "-") {
     append_lines(std::cin, answers);
   } else if (!options.answers_file.empty()) {
-    std::ifstream file(options.answers_file);
+    std::ifstream file(drawing::utf8_path(options.answers_file));
     append_lines(file, answers);
     if (file.bad() || !file.eof()) {
       throw UsageError(options.answers_file + ": the answers cannot be read");
@@ -58,7 +58,7 @@ void check_saving(const CallOptions& options) {
   if (options.drawings.empty() && (saving.in_place || !saving.output.empty())) {
     throw UsageError("there is no drawing to save: give one with --drawing");
   }
-  const std::string extension = std::filesystem::path(saving.output).extension().string();
+  const std::string extension = drawing::utf8_path(saving.output).extension().string();
   if (!saving.output.empty() && !basic::equal_ignoring_case(extension, ".dxf")) {
     throw UsageError(saving.output + ": only DXF can be written: the name must end in .dxf");
   }

@@ -1,14 +1,12 @@
 #include "cli/console.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <string>
-
-#ifndef _WIN32
-#include <unistd.h>
-#endif
 
 #include "drawing/error.h"
 
@@ -29,9 +27,6 @@ void complain(std::string_view message) {
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-#ifdef _WIN32
-void install_signal_handlers() {}
-#else
 namespace {
 
 // Only calls that are safe in a signal handler.
@@ -50,6 +45,5 @@ void install_signal_handlers() {
   ::sigaction(SIGBUS, &on_bus_error, nullptr);
   std::signal(SIGPIPE, SIG_IGN);
 }
-#endif
 
 }  // namespace velmar::cli

@@ -6,6 +6,7 @@
 #include "cli/action.h"
 #include "cli/console.h"
 #include "cli/info_report.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -17,7 +18,7 @@ struct InfoOptions {
 
 Json survey_json(const std::string& file, bool& failed) {
   try {
-    return info_json(file, survey(drawing::Drawing::open(file)));
+    return info_json(file, survey(drawing::Drawing::open(drawing::utf8_path(file))));
   } catch (const drawing::Error& error) {
     failed = true;
     complain(error.what());
@@ -38,7 +39,8 @@ ExitCode print_tables(const std::vector<std::string>& files) {
   bool first = true;
   for (const std::string& file : files) {
     try {
-      const std::string text = info_text(file, survey(drawing::Drawing::open(file)));
+      const std::string text =
+          info_text(file, survey(drawing::Drawing::open(drawing::utf8_path(file))));
       print(first ? text : "\n" + text);
       first = false;
     } catch (const drawing::Error& error) {

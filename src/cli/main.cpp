@@ -2,8 +2,10 @@
 #include <exception>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "cli/action.h"
+#include "cli/command_line.h"
 #include "cli/console.h"
 #include "cli/usage_error.h"
 #include "drawing/error.h"
@@ -20,17 +22,15 @@ constexpr const char* exit_codes =
     "3 a drawing could not be read or written.\n"
     "'velmar COMMAND --help' tells more about a command.";
 
-std::string wrong_usage(const CLI::App& program, int argc, char** argv,
+std::string wrong_usage(const CLI::App& program, const std::vector<std::string>& words,
                         const CLI::ParseError& error) {
   if (!program.get_subcommands().empty()) return error.what();
-  if (argc < 2) return "a command is missing";
-  return std::string(argv[1]).starts_with('-')
-             ? error.what()
-             : "there is no command \"" + std::string(argv[1]) + "\"";
+  if (words.size() < 2) return "a command is missing";
+  return words[1].starts_with('-') ? error.what() : "there is no command \"" + words[1] + "\"";
 }
 
 /// Finds out what to do; help, version and wrong usage are answered here.
-Action read_command_line(int argc, char** argv) {
+Action read_command_line(const std::vector<std::string>& words) {
   Action action;
   CLI::App program("Velmar, a toolbox of drawing-editing commands for CAD drafters", "velmar");
   program.set_version_flag("--version", "velmar " + std::string(velmar::embedded::velmar_version));
@@ -40,7 +40,7 @@ Action read_command_line(int argc, char** argv) {
   velmar::cli::add_methods(program, action);
   velmar::cli::add_info(program, action);
   try {
-    program.parse(argc, argv);
+    program.parse(std::vector<std::string>(words.rbegin(), words.rend() - 1));
   } catch (const CLI::Success& help_or_version) {
     std::ostringstream text;
     program.exit(help_or_version, text);
@@ -49,7 +49,7 @@ Action read_command_line(int argc, char** argv) {
       return ExitCode::done;
     };
   } catch (const CLI::ParseError& error) {
-    throw UsageError(wrong_usage(program, argc, argv, error) +
+    throw UsageError(wrong_usage(program, words, error) +
                      "\n'velmar --help' lists what is possible.");
   }
   return action;
@@ -60,7 +60,7 @@ Action read_command_line(int argc, char** argv) {
 int main(int argc, char** argv) {
   velmar::cli::install_signal_handlers();
   try {
-    return static_cast<int>(read_command_line(argc, argv)());
+    return static_cast<int>(read_command_line(velmar::cli::command_line(argc, argv))());
   } catch (const UsageError& error) {
     velmar::cli::complain(std::string("velmar: ") + error.what());
     return static_cast<int>(ExitCode::wrong_usage);

@@ -8,6 +8,7 @@
 #include "component/method_table.h"
 #include "component/session.h"
 #include "drawing/error.h"
+#include "drawing/utf8_path.h"
 #include "embedded/host.h"
 
 namespace velmar::cli {
@@ -16,10 +17,11 @@ namespace {
 namespace fs = std::filesystem;
 
 embedded::DocumentPointer open(embedded::Application& application, const std::string& file) {
+  const fs::path path = drawing::utf8_path(file);
   std::error_code ignored;
-  if (fs::is_directory(file, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
+  if (fs::is_directory(path, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
   try {
-    return application.open(file);
+    return application.open(path);
   } catch (const basic::Failure& failure) {
     throw drawing::Error(failure.description);
   }

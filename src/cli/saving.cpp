@@ -1,6 +1,7 @@
 #include "cli/saving.h"
 
 #include "cli/console.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {
@@ -18,7 +19,7 @@ void save_to(embedded::DocumentState& document, const std::string& target, CallR
     if (in_place && document.read_only) {
       throw drawing::Error(target + ": is write-protected; give --output to save elsewhere");
     }
-    document.drawing.save(target);
+    document.drawing.save(drawing::utf8_path(target));
     record.drawings.back().saved_to = target;
   } catch (const drawing::Error& error) {
     if (record.drawing_failure) complain(*record.drawing_failure);

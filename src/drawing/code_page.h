@@ -6,6 +6,8 @@
 
 namespace velmar::drawing {
 
+class CodePageConverter;
+
 /// The code page of a drawing's texts, as its header names it ("ANSI_1252", "dos850"), or UTF-8.
 class CodePage {
  public:
@@ -13,7 +15,7 @@ class CodePage {
   /// Windows 1252 for a name that is empty or unknown; see known().
   static CodePage named(std::string_view dxf_name);
 
-  bool is_utf8() const { return converters_ == nullptr; }
+  bool is_utf8() const { return converter_ == nullptr; }
   bool known() const { return known_; }
   /// A byte without meaning stays as it is, so that it can be written back.
   std::string to_utf8(std::string_view bytes) const;
@@ -21,8 +23,7 @@ class CodePage {
   std::string from_utf8(std::string_view text) const;
 
  private:
-  struct Converters;
-  std::shared_ptr<const Converters> converters_;
+  std::shared_ptr<const CodePageConverter> converter_;  // none: UTF-8
   bool known_ = true;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -26,7 +27,11 @@ class FileWriter {
   std::filesystem::path
       target_;  // a link is followed: the file it names is replaced, the link stays
   std::filesystem::path temporary_;  // empty when finished
-  int file_ = -1;
+#ifdef _WIN32
+  std::intptr_t file_ = -1;  // a handle
+#else
+  int file_ = -1;  // a descriptor
+#endif
   bool replaces_ = false;
 };
 

@@ -13,7 +13,9 @@ constexpr std::size_t digits = std::size_t{1} << digit_bits;
 /// One pass: by the digit of the handle that begins at bit `shift`.
 void sort_by_digit(const std::vector<Record>& records, std::vector<std::uint32_t>& order,
                    std::vector<std::uint32_t>& scratch, int shift) {
-  const auto digit = [&](std::uint32_t i) { return (records[i].handle >> shift) & (digits - 1); };
+  const auto digit = [&](std::uint32_t i) {
+    return static_cast<std::size_t>(records[i].handle >> shift) & (digits - 1);
+  };
   std::array<std::uint32_t, digits> place{};
   for (const std::uint32_t i : order) ++place[digit(i)];
   std::uint32_t before = 0;

@@ -32,7 +32,7 @@ struct Record {
     handle_is_ours = 32  // the file gives none, or one that another record has
   };
 
-  std::uint64_t begin = 0;  // offset of its group 0 in the source
+  std::size_t begin = 0;  // offset of its group 0 in the source
   Handle handle = 0;
   LayerId layer = LayerId::none;
   SpaceId space = SpaceId::none;  // where it is drawn; none for what is no entity

@@ -131,7 +131,7 @@ std::optional<SpaceId> Store::find_space(std::string_view wanted) const {
 }
 
 std::uint64_t Store::line_of(RecordId id, std::size_t offset) const {
-  const std::uint64_t byte = at(id).begin + offset;
+  const std::size_t byte = at(id).begin + offset;
   if (format.binary) return byte;
   const std::string_view before = source.bytes().substr(0, byte);
   return 1 + static_cast<std::uint64_t>(std::count(before.begin(), before.end(), format.line_end));

@@ -8,15 +8,10 @@
 #include "embedded/errors.h"
 #include "embedded/host.h"
 #include "embedded/preferences.h"
+#include "embedded/program_path.h"
 
 namespace velmar::embedded {
 namespace {
-
-/// Empty where the system does not tell.
-std::filesystem::path program_path() {
-  std::error_code unknown;
-  return std::filesystem::read_symlink("/proc/self/exe", unknown);
-}
 
 std::shared_ptr<Document> required(std::shared_ptr<Document> active) {
   if (!active) throw failure(HostError::no_document);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "basic/conversion.h"
+#include "drawing/utf8_path.h"
 #include "embedded/block_object.h"
 #include "embedded/blocks_object.h"
 #include "embedded/current.h"
@@ -111,7 +112,8 @@ void Document::save() {
 
 void Document::save_as(const std::string& name, std::optional<std::int32_t> type) {
   if (name.empty()) throw invalid_argument("FileName", Member::SaveAs);
-  std::filesystem::path path = std::filesystem::absolute(name).lexically_normal();
+  std::filesystem::path path =
+      std::filesystem::absolute(drawing::utf8_path(name)).lexically_normal();
   const bool named_dxf = same_word(path.extension().string(), ".dxf");
   if (type || !named_dxf) {
     const SaveFormat* format = find_save_format(type.value_or(session()->save_as_type));

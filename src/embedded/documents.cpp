@@ -2,6 +2,7 @@
 
 #include "basic/conversion.h"
 #include "basic/strings.h"
+#include "drawing/utf8_path.h"
 #include "embedded/arguments.h"
 #include "embedded/collection.h"
 #include "embedded/document.h"
@@ -13,12 +14,12 @@ namespace {
 
 Value open(Session& session, const Arguments& arguments) {
   const bool read_only = arguments.has(1) && basic::convert<bool>(arguments[1]);
-  return session.open(arguments.text(0), read_only);
+  return session.open(drawing::utf8_path(arguments.text(0)), read_only);
 }
 
 Value add(Session& session, const Arguments& arguments) {
   if (!arguments.has(0)) return session.add(std::nullopt);
-  return session.add(arguments.text(0));
+  return session.add(drawing::utf8_path(arguments.text(0)));
 }
 
 }  // namespace

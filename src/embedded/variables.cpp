@@ -84,9 +84,8 @@ Value layout_name(const DocumentState& document) {
 }
 
 Value folder_with_separator(const DocumentState& document) {
-  const std::string folder = document_folder(document);
-  if (folder.empty()) return "";
-  return (std::filesystem::path(folder) / "").string();
+  const std::filesystem::path folder = document.drawing.path().parent_path();
+  return folder.empty() ? std::string() : (folder / "").string();
 }
 
 /// A drawing without extents has the box turned inside out.

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
 #include <iterator>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -40,7 +39,7 @@ class HostScene {
  public:
   explicit HostScene(std::vector<std::string> answers = {})
       : folder_(std::filesystem::temp_directory_path() /
-                ("velmar-host-" + std::to_string(::getpid()))),
+                ("velmar-host-" + std::to_string(std::random_device{}()))),
         user(std::move(answers)) {
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directory(folder_);

@@ -17,8 +17,8 @@ class ViewCache {
   template <class LookUp>
   Meaning get(std::string_view text, LookUp look_up) {
     const Key key = key_of(text);
-    Slot& slot = slots_[((key.head ^ (key.tail << 1) ^ text.size()) * 0x9E3779B97F4A7C15u) >>
-                        (64 - slot_bits)];
+    const std::uint64_t mixed = (key.head ^ (key.tail << 1) ^ text.size()) * 0x9E3779B97F4A7C15u;
+    Slot& slot = slots_[static_cast<std::size_t>(mixed >> (64 - slot_bits))];
     if (slot.key.head == key.head && slot.key.tail == key.tail && slot.text.size() == text.size() &&
         (text.size() <= 16 || slot.text == text)) {
       return slot.meaning;
