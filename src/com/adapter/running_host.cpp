@@ -92,6 +92,8 @@ std::shared_ptr<DispatchObject> find_host() {
   return std::make_shared<DispatchObject>(std::move(application), std::make_shared<Connection>());
 }
 
-std::shared_ptr<host::Object> running_host() { return std::make_shared<RunningHost>(find_host()); }
+std::function<std::shared_ptr<host::Object>()> host_factory() {
+  return [] { return std::make_shared<RunningHost>(find_host()); };
+}
 
 }  // namespace velmar::com

@@ -1,7 +1,16 @@
 #include "com/server/surroundings.h"
 
+#include "com/adapter/running_host.h"
+#include "component/session.h"
+
 namespace velmar::com {
 
-std::shared_ptr<System> surroundings() { return std::make_shared<PlainSystem>(); }
+std::shared_ptr<System> surroundings() {
+  [[maybe_unused]] static const bool installed = [] {
+    install_host_factory(host_factory());
+    return true;
+  }();
+  return std::make_shared<PlainSystem>();
+}
 
 }  // namespace velmar::com
