@@ -76,7 +76,7 @@ TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
       DISPID id = 0;
       ASSERT_EQ(velmar.dispatch()->GetIDsOfNames(IID_NULL, &names, 1, 0, &id), S_OK);
       Variant given = to_variant(argument);
-      DISPPARAMS parameters{&given.fresh(), nullptr, argument.is<Empty>() ? 0U : 1U, 0};
+      DISPPARAMS parameters{&given.fresh(), nullptr, argument.is<basic::Empty>() ? 0U : 1U, 0};
       EXPECT_EQ(velmar.dispatch()->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr,
                                           nullptr, nullptr),
                 S_OK);

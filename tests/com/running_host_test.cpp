@@ -38,10 +38,11 @@ TEST(RunningHost, OneThatIsRegisteredButDoesNotRunIsNamedWithTheBitness) {
 /// The host's process cannot be ended here: its object answers as one of a process that has ended.
 TEST(RunningHost, IsFoundAnewAfterItsProcessHasEnded) {
   const Apartment apartment;
-  const auto fake = ComPtr<IDispatch>::taking(new FakeDispatch(
+  auto* const object = new FakeDispatch(
       {{L"Caption", [](WORD, DISPPARAMS&, VARIANT*, EXCEPINFO*) {
           return HRESULT_FROM_WIN32(static_cast<unsigned long>(RPC_S_SERVER_UNAVAILABLE));
-        }}}));
+        }}});
+  const auto fake = ComPtr<IDispatch>::taking(object);
   const auto bag = std::make_shared<BagObject>();
   bag->properties[Member::Caption] = "second";
   SceneHost second(bag);
@@ -50,6 +51,8 @@ TEST(RunningHost, IsFoundAnewAfterItsProcessHasEnded) {
   std::optional<PublishedApplication> first(std::in_place, id, CLSCTX_INPROC_SERVER, fake);
   const host::HostApplication host(host_factory()());
   EXPECT_EQ(failure_number([&] { host.Application().Caption(); }), 462);
+  EXPECT_EQ(failure_number([&] { host.Application().Caption(); }), 462) << "it is there";
+  object->ended = true;
   first.reset();
   EXPECT_EQ(failure_number([&] { host.Application(); }), 429) << "none runs";
   const PublishedApplication published(id, CLSCTX_INPROC_SERVER, second.served->serve(bag));

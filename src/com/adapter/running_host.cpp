@@ -49,7 +49,8 @@ class RunningHost : public host::Object {
 
  private:
   const std::shared_ptr<DispatchObject>& application() {
-    if (application_->connection().gone) application_ = find_host();
+    // One object alone can be gone too, with a drawing that was closed.
+    if (application_->connection().gone && !application_->answers()) application_ = find_host();
     return application_;
   }
 
