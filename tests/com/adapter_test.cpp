@@ -58,7 +58,12 @@ TEST(Adapter, AHostThatWantsVariantsForOutObjectsIsRemembered) {
   FakeHost host;
   int refused = 0;
   const host::View object =
-      host.object({{L"GetEntity", [&](WORD, DISPPARAMS& given, VARIANT*, EXCEPINFO*) -> HRESULT {
+      host.object({{L"Handle",
+                    [](WORD, DISPPARAMS&, VARIANT* result, EXCEPINFO*) {
+                      give(result, "2F");
+                      return S_OK;
+                    }},
+                   {L"GetEntity", [&](WORD, DISPPARAMS& given, VARIANT*, EXCEPINFO*) -> HRESULT {
                       VARIANT& entity = given.rgvarg[2];
                       if (entity.vt != (VT_BYREF | VT_VARIANT)) {
                         EXPECT_EQ(entity.vt, VT_BYREF | VT_DISPATCH);
@@ -75,7 +80,7 @@ TEST(Adapter, AHostThatWantsVariantsForOutObjectsIsRemembered) {
     Value entity, point;
     object.call(Member::GetEntity, entity, point, "pick");
     EXPECT_EQ(point, Value(basic::Doubles{1, 2, 3}));
-    EXPECT_EQ(host::to_object(entity)->get(Member::GetEntity), Value());
+    EXPECT_EQ(host::to_object(entity)->get(Member::Handle), Value("2F"));
   }
   EXPECT_EQ(refused, 1);
 }

@@ -34,7 +34,7 @@ class FakeDispatch final : public IDispatch {
   }
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
     *count = 0;
-    return S_OK;
+    return ended ? RPC_E_DISCONNECTED : S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID,
@@ -52,6 +52,7 @@ class FakeDispatch final : public IDispatch {
   }
 
   int name_lookups = 0;
+  bool ended = false;  // as of a process that is not there any more
 
  private:
   std::map<std::wstring, Answer> answers_;

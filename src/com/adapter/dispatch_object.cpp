@@ -87,6 +87,13 @@ std::unique_ptr<host::Enumerator> DispatchObject::enumerate() {
   return walk(*object_.get(), connection_, is_afar(*object_.get()));
 }
 
+bool DispatchObject::answers() {
+  connection_->gone = false;
+  UINT count = 0;
+  connection_->patiently([&] { return object_->GetTypeInfoCount(&count); });
+  return !connection_->gone;
+}
+
 DISPID DispatchObject::id_of(Member member) {
   if (!ids_) ids_ = connection_->types.of(*object_.get());
   if (const DISPID known = ids_->find(member); known != DISPID_UNKNOWN) return known;

@@ -21,6 +21,9 @@ class DispatchObject : public host::Object {
   Value call(Member member, std::span<Value> arguments) override;
   std::unique_ptr<host::Enumerator> enumerate() override;
 
+  /// Whether it can still be reached.
+  bool answers();
+
   const ComPtr<IDispatch>& dispatch() const { return object_; }
   const Connection& connection() const { return *connection_; }
 

@@ -49,7 +49,8 @@ class RunningHost : public host::Object {
 
  private:
   const std::shared_ptr<DispatchObject>& application() {
-    if (application_->connection().gone) application_ = find_host();
+    // One object alone can be gone too, with a drawing that was closed.
+    if (application_->connection().gone && !application_->answers()) application_ = find_host();
     return application_;
   }
 
@@ -92,6 +93,8 @@ std::shared_ptr<DispatchObject> find_host() {
   return std::make_shared<DispatchObject>(std::move(application), std::make_shared<Connection>());
 }
 
-std::shared_ptr<host::Object> running_host() { return std::make_shared<RunningHost>(find_host()); }
+std::function<std::shared_ptr<host::Object>()> host_factory() {
+  return [] { return std::make_shared<RunningHost>(find_host()); };
+}
 
 }  // namespace velmar::com

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -15,8 +16,8 @@ std::string host_program();
 /// which program was looked for, where neither is possible.
 std::shared_ptr<DispatchObject> find_host();
 
-/// What a thread holds of its host: answers Application, and finds the host anew after its process
-/// has ended. Fails as find_host() does.
-std::shared_ptr<host::Object> running_host();
+/// Makes what a thread holds of its host: an object that answers Application, and finds the host
+/// anew after its process has ended. Fails as find_host() does.
+std::function<std::shared_ptr<host::Object>()> host_factory();
 
 }  // namespace velmar::com

@@ -119,8 +119,8 @@ basic::Value ServedObject::answer(host::Member member, WORD flags,
     return {};
   }
   // A property that is put with an index is a method of two arguments here.
-  const bool get = flags & DISPATCH_PROPERTYGET && arguments.empty();
-  return get ? object_->get(member) : object_->call(member, arguments);
+  return flags & DISPATCH_METHOD || !arguments.empty() ? object_->call(member, arguments)
+                                                       : object_->get(member);
 }
 
 Variant ServedObject::items() {
