@@ -1,4 +1,4 @@
-#include <oleauto.h>
+#include <ole2.h>
 #include <windows.h>
 
 #include <filesystem>
