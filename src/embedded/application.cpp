@@ -50,6 +50,8 @@ Value Application::get(Member member) {
       return program_path().parent_path().string();
     case Member::Preferences:
       return std::make_shared<Preferences>(session_);
+    case Member::Transcript:
+      return session_->input.written();
     case Member::Version:
       return "16.2 (Velmar " + std::string(velmar_version) + ")";
     case Member::Visible:
@@ -69,6 +71,9 @@ void Application::put(Member member, const Value& value) {
       if (!document) throw invalid_argument("Document", member);
       return activate(document->state());
     }
+    case Member::Transcript:
+      if (!basic::convert<std::string>(value).empty()) throw failure(HostError::invalid_input);
+      return session_->input.forget_written();
     case Member::Visible:
       visible_ = basic::convert<bool>(value);
       return;
@@ -85,6 +90,14 @@ void Application::put(Member member, const Value& value) {
 
 Value Application::call(Member member, std::span<Value> arguments) {
   switch (member) {
+    case Member::GetInterfaceObject:
+      throw not_supported("GetInterfaceObject");
+    case Member::QueueInput:
+      queue_input(Arguments(member, arguments, 1, 1).text(0));
+      return {};
+    case Member::Quit:
+      quit();
+      return {};
     case Member::ZoomAll:
     case Member::ZoomExtents:
     case Member::ZoomWindow:
@@ -108,6 +121,25 @@ void Application::zoom(Member member, std::span<Value> values) {
     if (member == Member::ZoomExtents) return zoom_extents(document);
     zoom_window(document, arguments.point(0, "LowerLeft"), arguments.point(1, "UpperRight"));
   });
+}
+
+/// Each line is one answer, so that a script can give all of them at once.
+void Application::queue_input(std::string_view lines) {
+  for (;;) {
+    const std::size_t end = lines.find('\n');
+    std::string_view line = lines.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    if (!session_->input.prepare(std::string(line))) throw not_supported("QueueInput");
+    if (end == std::string_view::npos) return;
+    lines.remove_prefix(end + 1);
+  }
+}
+
+/// The drawings are closed as they are on disk: nobody can be asked whether to save them.
+void Application::quit() {
+  if (!session_->quit) throw not_supported("Quit");
+  while (const auto document = session_->active()) session_->close(document);
+  session_->quit();
 }
 
 DocumentPointer Application::open(const std::filesystem::path& path) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -41,6 +42,7 @@ class Session : public std::enable_shared_from_this<Session> {
   std::int32_t auto_save_interval = 10, incremental_save_percent = 50;
   bool create_backup = false;
   std::weak_ptr<basic::Referenced> application;
+  std::function<void()> quit;  // ends the program that runs the host, where it can be ended
 
  private:
   DocumentObject begin(drawing::Drawing drawing);

@@ -324,6 +324,7 @@ enum class Member : std::uint16_t {
   ToleranceLowerLimit,
   ToleranceUpperLimit,
   TotalAngle,
+  Transcript,
   TransformBy,
   TranslateCoordinates,
   TrueColor,
