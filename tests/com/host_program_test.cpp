@@ -20,9 +20,11 @@ namespace fs = std::filesystem;
 
 constexpr const char* program = VELMAR_HOST_PROGRAM;
 
-std::string content(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+/// Whether a line of the drawing has that handle; records may still refer to it.
+bool has_line(const fs::path& drawing, const std::string& handle) {
+  std::ifstream file(drawing, std::ios::binary);
+  const std::string text(std::istreambuf_iterator<char>(file), {});
+  return text.find("\nLINE\r\n  5\r\n" + handle + "\r\n") != std::string::npos;
 }
 
 /// velmar-host registered, as the host that is to be driven, with a drawing to work on.
@@ -54,13 +56,12 @@ class HostProgram : public testing::Test {
   const fs::path folder_ =
       fs::temp_directory_path() / ("velmar-host-" + std::to_string(GetCurrentProcessId()));
   const fs::path drawing_ = folder_ / "plan.dxf";
+  LoadedServer server_{VELMAR_DLL};  // outlives COM, which tells it when it leaves the thread
   Apartment apartment_;
 };
 
 TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
-  const LoadedServer server(VELMAR_DLL);
   {
-    const Apartment inner;
     const host::HostApplication host(host_factory()());
     const host::Application app = host.Application();
     const host::Document plan = app.Documents().Open(drawing_.string());
@@ -69,7 +70,7 @@ TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
     for (const host::Entity& entity : plan.ModelSpace()) walked += entity.Handle().empty() ? 0 : 1;
     EXPECT_EQ(walked, before);
 
-    const DispatchObject velmar(server.make_object(), std::make_shared<Connection>());
+    const DispatchObject velmar(server_.make_object(), std::make_shared<Connection>());
     const auto call = [&](const wchar_t* name, const Value& argument) {
       std::wstring spelled = name;
       LPOLESTR names = spelled.data();
@@ -90,8 +91,8 @@ TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
     app.call(Member::Quit);
   }
   EXPECT_TRUE(comes_to(false, 10));
-  EXPECT_THAT(content(VELMAR_SAMPLES "/detail.dxf"), testing::HasSubstr("E0E092E"));
-  EXPECT_THAT(content(drawing_), testing::Not(testing::HasSubstr("E0E092E")));
+  EXPECT_TRUE(has_line(VELMAR_SAMPLES "/detail.dxf", "E0E092E"));
+  EXPECT_FALSE(has_line(drawing_, "E0E092E"));
 }
 
 TEST_F(HostProgram, OneStartedByAClientEndsWithIt) {
