@@ -32,7 +32,7 @@ class HostProgram : public testing::Test {
  protected:
   HostProgram() {
     fs::create_directory(folder_);
-    fs::copy_file(VELMAR_SAMPLES "/detail.dxf", drawing_);
+    fs::copy_file(VELMAR_CORPUS "/jscad/2Dellipses.dxf", drawing_);
     EXPECT_EQ(run(std::string(program) + " /RegServer"), 0);
     SetEnvironmentVariableW(L"VELMAR_HOST", L"Velmar.Application");
   }
@@ -82,8 +82,8 @@ TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
                                           nullptr, nullptr),
                 S_OK);
     };
-    call(L"Del", "E0E092E");
-    app.call(Member::QueueInput, "#E0E0928");
+    call(L"Del", "2E");
+    app.call(Member::QueueInput, "#2F");
     call(L"GetTotalLength", Value());
     EXPECT_THAT(app.get<std::string>(Member::Transcript), testing::HasSubstr("Total Length"));
     EXPECT_EQ(plan.ModelSpace().Count(), before - 1);
@@ -91,8 +91,8 @@ TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
     app.call(Member::Quit);
   }
   EXPECT_TRUE(comes_to(false, 10));
-  EXPECT_TRUE(has_line(VELMAR_SAMPLES "/detail.dxf", "E0E092E"));
-  EXPECT_FALSE(has_line(drawing_, "E0E092E"));
+  EXPECT_TRUE(has_line(VELMAR_CORPUS "/jscad/2Dellipses.dxf", "2E"));
+  EXPECT_FALSE(has_line(drawing_, "2E"));
 }
 
 TEST_F(HostProgram, OneStartedByAClientEndsWithIt) {
