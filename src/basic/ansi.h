@@ -2,7 +2,7 @@
 
 namespace velmar::basic {
 
-// The ANSI code page is 1252 (Western European) on every system.
+// The ANSI code page 1252 (Western European), which is the user's wherever the system has none.
 
 /// The code, 0 to 255, of a UTF-16 unit; 63 (a question mark) for one that the code page does not
 /// have.

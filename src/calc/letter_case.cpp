@@ -1,6 +1,5 @@
 #include "basic/letter_case.h"
 
-#include "basic/ansi.h"
 #include "basic/utf16.h"
 #include "component/velmar16.h"
 
@@ -9,9 +8,9 @@ namespace {
 
 constexpr int capitals_to_small = 'a' - 'A';
 
-int invert_letter_code(int code) {
-  if (code >= 'A' && code <= 'Z') return code + capitals_to_small;
-  if (code >= 'a' && code <= 'z') return code - capitals_to_small;
+char16_t invert_letter_code(char16_t code) {
+  if (code >= u'A' && code <= u'Z') return static_cast<char16_t>(code + capitals_to_small);
+  if (code >= u'a' && code <= u'z') return static_cast<char16_t>(code - capitals_to_small);
   return code;
 }
 
@@ -30,7 +29,7 @@ std::string Velmar16::TitleCase(std::string& AsString) {
 std::string Velmar16::ReverseCase(std::string& AsString) {
   std::u16string text = basic::to_utf16(AsString);
   for (char16_t& unit : text) {
-    unit = basic::ansi_character(invert_letter_code(basic::ansi_code(unit)));
+    unit = invert_letter_code(system().through_ansi(unit));
   }
   return AsString = basic::to_utf8(text);
 }

@@ -18,5 +18,6 @@ using Action = std::function<ExitCode()>;
 void add_call(CLI::App& program, Action& action);
 void add_methods(CLI::App& program, Action& action);
 void add_info(CLI::App& program, Action& action);
+void add_doctor(CLI::App& program, Action& action);
 
 }  // namespace velmar::cli

@@ -10,6 +10,7 @@
 #include "drawing/error.h"
 #include "drawing/utf8_path.h"
 #include "embedded/host.h"
+#include "system/user_system.h"
 
 namespace velmar::cli {
 namespace {
@@ -49,7 +50,7 @@ Run::~Run() {
 
 void Run::call(CallRecord& record) {
   try {
-    Velmar16 velmar;
+    Velmar16 velmar(system::user_system());
     record.result = velmar::call(velmar, *record.method, record.arguments);
   } catch (const basic::Failure& failure) {
     record.failure = failure;

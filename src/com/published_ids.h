@@ -11,7 +11,9 @@ inline constexpr std::string_view class_name = "Velmar16";
 inline constexpr std::string_view program_id = "VelmarMenu.Velmar16";
 inline constexpr std::string_view interface_name = "_Velmar16";
 inline constexpr std::string_view class_description = "Velmar drawing commands";
-inline constexpr std::string_view colour_type = "COLOR";
+// Not COLOR: a type library has one spelling for each name in any letter case, and parameters are
+// called Color.
+inline constexpr std::string_view colour_type = "VELMAR_COLOR";
 
 inline constexpr int major_version = 1, minor_version = 0;
 inline constexpr std::string_view version = "1.0";

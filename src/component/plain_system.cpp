@@ -1,6 +1,7 @@
 #include <chrono>
 #include <thread>
 
+#include "basic/ansi.h"
 #include "basic/failure.h"
 #include "component/system.h"
 
@@ -14,6 +15,10 @@ std::tuple<std::string, std::string, std::string> key_of(const SettingName& name
 }
 
 }  // namespace
+
+char16_t PlainSystem::through_ansi(char16_t unit) const {
+  return basic::ansi_character(basic::ansi_code(unit));
+}
 
 std::string PlainSystem::setting(const SettingName& name) const {
   const auto found = settings_.find(key_of(name));

@@ -24,6 +24,9 @@ class System {
 
   /// The marks that the user's locale puts into numbers.
   virtual basic::Separators separators() const = 0;
+  /// What becomes of a UTF-16 unit in the user's ANSI code page and back: itself, or a question
+  /// mark where the page does not have it.
+  virtual char16_t through_ansi(char16_t unit) const = 0;
 
   /// Empty where none was saved.
   virtual std::string setting(const SettingName& name) const = 0;
@@ -55,10 +58,12 @@ class System {
   virtual void process_events() = 0;
 };
 
-/// A machine in memory: numbers have a point, settings last as long as it does, there are no files.
+/// A machine in memory: numbers have a point, the ANSI code page is 1252 (Western European),
+/// settings last as long as it does, there are no files.
 class PlainSystem : public System {
  public:
   basic::Separators separators() const override { return {}; }
+  char16_t through_ansi(char16_t unit) const override;
   std::string setting(const SettingName& name) const override;
   void save_setting(const SettingName& name, std::string_view value) override;
   std::string special_folder(std::int32_t) const override { return {}; }

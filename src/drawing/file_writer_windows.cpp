@@ -41,7 +41,8 @@ FileWriter::FileWriter(const std::filesystem::path& target) : target_(target) {
         (old.valid() && ::GetFileType(old.get()) != FILE_TYPE_DISK)) {
       throw Error(target.string() + ": cannot be written: it is no regular file");
     }
-    if (!old.valid()) refuse("cannot be written");
+    if (attributes & FILE_ATTRIBUTE_READONLY) ::SetLastError(ERROR_ACCESS_DENIED);
+    if (!old.valid() || (attributes & FILE_ATTRIBUTE_READONLY)) refuse("cannot be written");
   }
   const DWORD kept = replaces_ ? attributes & lasting_attributes : 0;
   const auto folder = target_.parent_path();

@@ -199,7 +199,7 @@ TEST_P(Spoiled, FilesWithFlippedBitsAndLostOrDoubledStretchesDoNoHarm) {
     for (int flips = 0; flips < 5; ++flips) {
       bytes[random() % bytes.size()] ^= static_cast<char>(1 << random() % 8);
     }
-    const auto at = random() % (bytes.size() - 64), length = random() % 64;
+    const std::size_t at = random() % (bytes.size() - 64), length = random() % 64;
     if (i % 3 == 1) bytes.erase(at, length);
     if (i % 3 == 2) bytes.insert(at, bytes.substr(at, length));
     exercise(bytes);

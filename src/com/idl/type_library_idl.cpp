@@ -8,8 +8,6 @@
 namespace velmar::com {
 namespace {
 
-// A type library has one spelling for each name in any letter case, the first that widl meets. So
-// the enumeration, whose name differs from a parameter's by case alone, comes last.
 constexpr std::string_view frame = R"(import "oaidl.idl";
 
 [uuid(@library_id), version(@version), helpstring("@description")]
@@ -17,14 +15,14 @@ library @library {
   importlib("stdole2.tlb");
   interface @interface;
 
-  [odl, uuid(@interface_id), version(@version), hidden, dual, nonextensible, oleautomation]
-  interface @interface : IDispatch {
-@methods  };
-
   typedef [uuid(@colour_id), helpstring("Colour indexes; 8 to 255 have no name")] enum @colour {
     clrByBlock = 0, clrRed = 1, clrYellow = 2, clrGreen = 3, clrCyan = 4, clrBlue = 5, clrMagenta = 6,
     clrWhite = 7, clrByLayer = 256
   } @colour;
+
+  [odl, uuid(@interface_id), version(@version), hidden, dual, nonextensible, oleautomation]
+  interface @interface : IDispatch {
+@methods  };
 
   [uuid(@class_id), version(@version), helpstring("@description")]
   coclass @class {
@@ -44,7 +42,7 @@ std::string in_idl(ValueType type, bool is_colour) {
     case ValueType::int16:
       return "short";
     case ValueType::int32:
-      return is_colour ? "enum " + std::string(colour_type) : "long";
+      return std::string(is_colour ? colour_type : "long");
     case ValueType::number:
       return "double";
     case ValueType::text:

@@ -2,6 +2,7 @@
 
 #include "com/adapter/running_host.h"
 #include "component/session.h"
+#include "system/user_system.h"
 
 namespace velmar::com {
 
@@ -10,7 +11,7 @@ std::shared_ptr<System> surroundings() {
     install_host_factory(host_factory());
     return true;
   }();
-  return std::make_shared<PlainSystem>();
+  return system::user_system();
 }
 
 }  // namespace velmar::com

@@ -1,9 +1,8 @@
 #include "com/server/thread_watch.h"
 
-#include <windows.h>
-// windows.h must come first
 #include <objbase.h>
 #include <objidl.h>
+#include <windows.h>
 
 #include <atomic>
 

@@ -18,6 +18,7 @@ Expect "lower case", velmar.rdn(12, 5), CDbl(10)
 ' Texts.
 t = "straße Ünï"
 Expect "UpperCase", velmar.UpperCase(t), "STRAßE ÜNÏ"
+Expect "UpperCase writes it back", t, "STRAßE ÜNÏ"
 t = 12
 Expect "a number where a text belongs", velmar.UpperCase(t), "12"
 Expect "the variable becomes a text", t, "12"

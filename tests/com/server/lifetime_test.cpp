@@ -1,3 +1,5 @@
+#include <thread>
+
 #include "com/guid.h"
 #include "com/server/server_scene.h"
 
@@ -41,23 +43,16 @@ TEST(Lifetime, LocksAndClassFactory) {
 
 TEST_F(ServerScene, AThreadThatLeftComHoldsNothing) {
   object_ = nullptr;
-  DWORD code = 99;
-  const auto work = [](void* server) -> DWORD {
+  HRESULT code = S_OK;
+  std::thread([&] {
     const Apartment apartment;
-    const ComPtr<IDispatch> object = static_cast<LoadedServer*>(server)->make_object();
+    const ComPtr<IDispatch> object = server_.make_object();
     DISPPARAMS none{};
     // It needs a host: from then on the thread is watched.
-    return object->Invoke(0x6003000F, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr,
-                          nullptr) == DISP_E_EXCEPTION
-               ? 0
-               : 1;
-  };
-  HANDLE thread =
-      CreateThread(nullptr, 0, static_cast<LPTHREAD_START_ROUTINE>(work), &server_, 0, nullptr);
-  ASSERT_EQ(WaitForSingleObject(thread, 20000), WAIT_OBJECT_0);
-  GetExitCodeThread(thread, &code);
-  CloseHandle(thread);
-  EXPECT_EQ(code, 0U);
+    code =
+        object->Invoke(0x6003000F, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr);
+  }).join();
+  EXPECT_EQ(code, DISP_E_EXCEPTION);
   EXPECT_EQ(server_.call("DllCanUnloadNow"), S_OK);
 }
 

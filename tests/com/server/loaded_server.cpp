@@ -7,7 +7,7 @@ namespace velmar::com {
 LoadedServer::LoadedServer(const std::filesystem::path& dll) : module_(LoadLibraryW(dll.c_str())) {}
 
 LoadedServer::~LoadedServer() {
-  if (module_) FreeLibrary(module_);
+  if (module_ && call("DllCanUnloadNow") == S_OK) FreeLibrary(module_);
 }
 
 HRESULT LoadedServer::call(const char* function) const {

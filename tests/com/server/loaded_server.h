@@ -1,8 +1,7 @@
 #pragma once
 
-#include <windows.h>
-// windows.h must come first
 #include <oaidl.h>
+#include <windows.h>
 
 #include <filesystem>
 

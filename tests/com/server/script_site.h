@@ -1,9 +1,8 @@
 #pragma once
 
-#include <windows.h>
-// windows.h must come first
 #include <activscp.h>
 #include <oaidl.h>
+#include <windows.h>
 
 #include <string>
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+
+namespace velmar::system {
+
+// As the XDG Base Directory Specification has them, with "velmar" below; empty where the user has
+// no home. They need not exist.
+std::filesystem::path configuration_folder();
+std::filesystem::path data_folder();
+
+}  // namespace velmar::system
