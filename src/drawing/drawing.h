@@ -117,6 +117,8 @@ class Drawing {
   // Entities. Fails where a value is no number (the message names line and handle).
   Entity read(RecordId id) const;
   Common read_common(RecordId id) const;
+  /// Of the common values this one alone, which is found without reading the rest of the record.
+  std::string read_linetype(RecordId id) const;
   Body read_body(RecordId id) const;
   /// Brings the record to these values; bytes of values that stay the same are not touched.
   void write(RecordId id, const Entity& entity);
