@@ -192,6 +192,8 @@ class Drawing {
   // Entities. Fails where a value is no number (the message names line and handle).
   Entity read(RecordId id) const;
   Common read_common(RecordId id) const;
+  /// Of the common values this one alone, which is found without reading the rest of the record.
+  std::string read_linetype(RecordId id) const;
   Body read_body(RecordId id) const;
   /// Gives a text, whose style was changed in memory, that style's font; nothing for other kinds.
   void apply_style(Body& body) const;

@@ -299,6 +299,24 @@ Common Drawing::read_common(RecordId id) const {
   return common;
 }
 
+std::string Drawing::read_linetype(RecordId id) const {
+  constexpr int marker_code = 100, linetype_code = 6;
+  const std::string_view bytes = store_->bytes(id);
+  dxf::TagCursor cursor(bytes, store_->format);
+  dxf::Tag tag;
+  bool is_common = false, in_group = false;
+  while (cursor.next(tag)) {
+    if (tag.code == 102) in_group = tag.text(bytes).starts_with('{');
+    if (tag.code == linetype_code && is_common && !in_group) {
+      return dxf::text_value(bytes, tag, store_->format);
+    }
+    if (tag.code != marker_code) continue;
+    if (is_common) return Common().linetype;
+    is_common = tag.text(bytes) == "AcDbEntity";
+  }
+  return read_common(id).linetype;
+}
+
 Body Drawing::read_body(RecordId id) const {
   Body body = empty_body(store_->at(id).kind);
   std::visit([&](auto& shape) { read_record(*store_, id, shape); }, body);

@@ -213,6 +213,15 @@ TEST_P(Corpus, EveryEntityOfAKnownKindReadsAndWritesUnchanged) {
   EXPECT_TRUE(drawing.check().empty()) << drawing.check().front().text;
 }
 
+TEST_P(Corpus, ALinetypeIsReadAsWithTheOtherCommonValues) {
+  const Drawing drawing = Drawing::open(GetParam().drawing);
+  for (std::uint32_t i = 0; i < drawing.spaces().size(); ++i) {
+    for (const RecordId id : drawing.entities(static_cast<SpaceId>(i))) {
+      EXPECT_EQ(drawing.read_linetype(id), drawing.read_common(id).linetype);
+    }
+  }
+}
+
 TEST(BadCorpus, OpensWithWarningsOrIsRefusedWithAMessage) {
   for (const auto& entry : std::filesystem::directory_iterator(corpus / "bad")) {
     const std::string name = entry.path().filename().string();
