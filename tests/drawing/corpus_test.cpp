@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -219,6 +220,50 @@ TEST_P(Corpus, ALinetypeIsReadAsWithTheOtherCommonValues) {
     for (const RecordId id : drawing.entities(static_cast<SpaceId>(i))) {
       EXPECT_EQ(drawing.read_linetype(id), drawing.read_common(id).linetype);
     }
+  }
+}
+
+/// Kinds whose geometry is a list of tags, or means nothing but its points.
+bool is_area_or_curve(Kind kind) {
+  constexpr Kind kinds[] = {Kind::hatch,  Kind::solid, Kind::trace, Kind::face3d,   Kind::spline,
+                            Kind::leader, Kind::ray,   Kind::xline, Kind::ole2frame};
+  return std::find(std::begin(kinds), std::end(kinds), kind) != std::end(kinds);
+}
+
+Box box_of(const Drawing& drawing, RecordId id) { return extents(drawing, id).value_or(Box{}); }
+
+TEST_P(Corpus, AreasAndCurvesMoveThereAndBackAndNothingElse) {
+  const std::string before = contents(GetParam().drawing);
+  const Drawing original = Drawing::open(GetParam().drawing);
+  int tried = 0;
+  for (std::uint32_t i = 0; i < original.size() && tried < 60; ++i) {
+    const auto id = static_cast<RecordId>(i);
+    if (!is_area_or_curve(original.record(id).kind)) continue;
+    ++tried;
+    Drawing drawing = Drawing::open(GetParam().drawing);
+    const Box box = box_of(drawing, id);
+    const auto move = [&](const Matrix& matrix) {
+      Body body = drawing.read_body(id);
+      std::visit(
+          [&](auto& shape) {
+            if constexpr (requires { transform(shape, matrix); }) transform(shape, matrix);
+          },
+          body);
+      drawing.write_body(id, body);
+    };
+    move(translation({1024, -512, 0}));
+    ASSERT_EQ(drawing.changes().modified.size(), 1U);
+    const Difference found = difference(before, drawing.bytes());
+    EXPECT_GE(found.begin, original.record(id).begin);
+    EXPECT_LE(found.begin + found.in_before, original.record(id + 1).begin);
+    Drawing again = Drawing::read(drawing.bytes(), "again");
+    const Box moved = box_of(again, id);
+    move(translation({-1024, 512, 0}));
+    const Box back = box_of(drawing, id);
+    if (box.empty()) continue;
+    const double near = 1e-9 * (1024 + norm(box.min));
+    EXPECT_LE(norm(moved.min - box.min - Point{1024, -512, 0}), near);
+    EXPECT_LE(norm(back.min - box.min) + norm(back.max - box.max), near);
   }
 }
 

@@ -52,7 +52,10 @@ class RowWriter {
   }
   template <class T>
   void count(int code, const std::vector<T>& list) {
-    (*this)(code, static_cast<std::int32_t>(list.size()));
+    const auto size = static_cast<std::int32_t>(list.size());
+    const Tag* tag = next();
+    if (tag && !is_same(*tag, size)) fits_ = false;
+    (*this)(code, size);
   }
   template <class T>
   void count(int code, const std::vector<T>& list, MayBeMissing) {
