@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "drawing/dimension/variables.h"
 #include "drawing/entities/layer_row.h"
 #include "drawing/entity.h"
 #include "drawing/geometry/box.h"
@@ -96,6 +97,20 @@ class Drawing {
   /// Names of the rows of a table ("LTYPE", "STYLE"), in its order.
   std::vector<std::string> table(std::string_view name) const;
   bool has_row(std::string_view table, std::string_view name) const;
+  /// The row's record; none where there is no such row.
+  RecordId find_row(std::string_view table, std::string_view name) const;
+  /// The first value of a group code in a row's record, as text; empty where it has none.
+  std::string row_text(RecordId row, int code) const;
+  /// What a row of the DIMSTYLE table says; not the variables that name rows.
+  DimVariables read_dim_style(RecordId row) const;
+  /// A copy of the table's first style. Fails where the file has no such table.
+  RecordId add_dim_style(const std::string& name);
+  /// Whether more than one dimension of the file as it was read shows that block.
+  bool is_drawn_by_several(SpaceId block) const;
+  /// A new, empty block of the next name "*D1", "*D2", ...
+  SpaceId add_drawn_block();
+  /// A new, empty block definition.
+  SpaceId add_definition(const std::string& name, std::int32_t flags = 0);
 
   // Records.
   const Record& record(RecordId id) const;

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "drawing/dimension/drawn_block.h"
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_reader.h"
 #include "drawing/dxf/field_writer.h"
@@ -33,6 +34,12 @@ Body empty_body(Kind kind) {
       return Insert{};
     case Kind::point:
       return PointMark{};
+    case Kind::dimension:
+      return Dimension{};
+    case Kind::solid:
+      return Solid{};
+    case Kind::mtext:
+      return MText{};
     default:
       return Opaque{};
   }
@@ -103,6 +110,9 @@ NewRecord new_record(const Body& body) {
     }
     NewRecord operator()(const Text&) const { return {"TEXT"}; }
     NewRecord operator()(const PointMark&) const { return {"POINT"}; }
+    NewRecord operator()(const Dimension&) const { return {"DIMENSION"}; }
+    NewRecord operator()(const Solid&) const { return {"SOLID"}; }
+    NewRecord operator()(const MText&) const { return {"MTEXT"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
     NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
     NewRecord operator()(const Insert& insert) const {
@@ -358,6 +368,7 @@ RecordId Drawing::copy_to(RecordId id, SpaceId space) {
   }
   store_->added_since_save.insert(static_cast<std::uint32_t>(made));
   store_->spaces[index(space)].entities.push_back(made);
+  if (store_->at(made).kind == Kind::dimension) copy_drawn_block(*this, made);
   return made;
 }
 

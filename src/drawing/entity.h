@@ -7,12 +7,15 @@
 #include "drawing/entities/attrib.h"
 #include "drawing/entities/circle.h"
 #include "drawing/entities/common.h"
+#include "drawing/entities/dimension.h"
 #include "drawing/entities/ellipse.h"
 #include "drawing/entities/insert.h"
 #include "drawing/entities/line.h"
 #include "drawing/entities/lwpolyline.h"
+#include "drawing/entities/mtext.h"
 #include "drawing/entities/point_mark.h"
 #include "drawing/entities/polyline.h"
+#include "drawing/entities/solid.h"
 #include "drawing/entities/text.h"
 
 namespace velmar::drawing {
@@ -25,7 +28,7 @@ void fields(Fields&, Opaque&) {}
 
 /// One alternative for each kind that has fields.
 using Body = std::variant<Opaque, Line, Arc, Circle, Ellipse, LwPolyline, Polyline, Text, Attrib,
-                          Attdef, Insert, PointMark>;
+                          Attdef, Insert, PointMark, Dimension, Solid, MText>;
 
 struct Entity {
   Common common;

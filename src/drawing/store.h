@@ -16,6 +16,8 @@ namespace velmar::drawing {
 struct Landmarks {
   RecordId header = RecordId::none;           // the SECTION record that holds the header variables
   RecordId end_of_entities = RecordId::none;  // the ENDSEC behind which no entity stands
+  RecordId end_of_blocks = RecordId::none;    // the ENDSEC of the BLOCKS section
+  RecordId entities = RecordId::none;         // the SECTION record of the entities
 };
 
 /// Where a table stands: its TABLE record, its first row, its ENDTAB.
@@ -27,6 +29,7 @@ struct TableMarks {
 struct TableRow {
   std::string table;  // "LTYPE"
   std::string name;
+  RecordId record = RecordId::none;
 };
 
 /// What a drawing is made of. The records of the source tile it: each goes from its `begin` to the
@@ -62,6 +65,11 @@ struct Store {
   std::optional<FileStamp> stamp;  // of the file at `path` as this drawing knows it
   bool any_erased = false;
   bool gave_handles = false;  // written ones: then $HANDSEED follows
+  mutable std::optional<std::set<SpaceId>> shared_blocks;  // see Drawing::is_drawn_by_several
+  std::uint64_t latest_drawn_block = 0;  // the number of the newest block *Dn, once one was added
+  // Positions of spaces by their names, of the first `indexed_spaces`.
+  mutable std::unordered_map<std::string, std::uint32_t> space_index;
+  mutable std::size_t indexed_spaces = 0;
 
   std::vector<std::uint32_t> by_handle;  // records in the order of their handles
   std::size_t latest_find = 0;           // where in it Drawing::find stood last

@@ -125,6 +125,7 @@ void Structure::end() {
   if (kind_ == Kind::section) return end_section_start();
   if (kind_ == Kind::endsec) {
     if (section_ == Section::entities) store_.landmarks.end_of_entities = current_;
+    if (section_ == Section::blocks) store_.landmarks.end_of_blocks = current_;
     section_ = Section::none;
     block_ = SpaceId::none;
     whole_ = RecordId::none;
@@ -164,6 +165,7 @@ void Structure::end_section_start() {
              : name == "ENTITIES" ? Section::entities
              : name == "OBJECTS"  ? Section::objects
                                   : Section::other;
+  if (section_ == Section::entities) store_.landmarks.entities = current_;
   if (section_ == Section::header && store_.landmarks.header == RecordId::none) read_header();
 }
 
@@ -200,7 +202,7 @@ void Structure::end_table_row() {
   if (marks.first_row == RecordId::none) marks.first_row = current_;
   if (kind_ == Kind::layer) return end_layer();
   if (kind_ == Kind::block_record) return end_block_record();
-  store_.rows.push_back({table_, reader.first_text(2)});
+  store_.rows.push_back({table_, reader.first_text(2), current_});
 }
 
 void Structure::end_layer() {

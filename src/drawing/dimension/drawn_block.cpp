@@ -1,0 +1,122 @@
+#include "drawing/dimension/drawn_block.h"
+
+#include "drawing/dimension/arrowheads.h"
+#include "drawing/dimension/linear_layout.h"
+#include "drawing/dimension/styles.h"
+#include "drawing/geometry/ocs.h"
+
+namespace velmar::drawing {
+namespace {
+
+Dimension dimension_of(const Drawing& drawing, RecordId id) {
+  return std::get<Dimension>(drawing.read_body(id));
+}
+
+std::optional<SpaceId> block_of(const Drawing& drawing, const Dimension& dimension) {
+  if (dimension.block.empty()) return std::nullopt;
+  return drawing.find_space(dimension.block);
+}
+
+/// The block of the dimension, if no other shows the same; otherwise a new one.
+SpaceId own_block(Drawing& drawing, Dimension& dimension) {
+  const auto present = block_of(drawing, dimension);
+  const bool is_usable = present && drawing.spaces()[index(*present)].endblk != RecordId::none;
+  if (is_usable && !drawing.is_drawn_by_several(*present)) return *present;
+  const SpaceId added = drawing.add_drawn_block();
+  dimension.block = drawing.spaces()[index(added)].name;
+  dimension.flags |= Dimension::own_block_flag;
+  return added;
+}
+
+void require_layer_of_points(Drawing& drawing) {
+  if (drawing.find_layer("Defpoints")) return;
+  LayerRow row;
+  row.name = "Defpoints";
+  if (drawing.version() >= "AC1015") row.plottable = 0;
+  drawing.add_layer(row);
+}
+
+void fill(Drawing& drawing, SpaceId block, const std::vector<Entity>& content) {
+  for (const RecordId old : drawing.entities(block)) drawing.erase(old);
+  for (const Entity& entity : content) drawing.add(block, entity);
+}
+
+bool is_shift(const Matrix& matrix) {
+  return matrix.x == x_axis && matrix.y == y_axis && matrix.z == z_axis;
+}
+
+bool is_understood(const Body& body) { return !std::holds_alternative<Opaque>(body); }
+
+Body mapped(Body body, const Matrix& matrix) {
+  std::visit(
+      [&](auto& shape) {
+        if constexpr (requires { transform(shape, matrix); }) transform(shape, matrix);
+      },
+      body);
+  return body;
+}
+
+/// Maps what a block holds; where it belongs to others too, into a new one.
+void map_content(Drawing& drawing, Dimension& dimension, const Matrix& matrix) {
+  const auto present = block_of(drawing, dimension);
+  if (!present) return;
+  const std::vector<RecordId> content = drawing.entities(*present);
+  for (const RecordId id : content) {
+    if (is_understood(drawing.read_body(id))) continue;
+    throw Error("DIMENSION in block " + dimension.block + " shows a " +
+                std::string(drawing.kind_name(id)) + ", which cannot be moved");
+  }
+  const SpaceId own = own_block(drawing, dimension);
+  for (const RecordId id : content) {
+    const RecordId target = own == *present ? id : drawing.copy_to(id, own);
+    drawing.write_body(target, mapped(drawing.read_body(id), matrix));
+  }
+}
+
+}  // namespace
+
+void draw(Drawing& drawing, RecordId id) {
+  Dimension dimension = dimension_of(drawing, id);
+  if (!dimension.is_linear()) return;
+  const DimVariables variables = variables_of(drawing, id);
+  for (const std::string& name : {variables.arrow, variables.arrow1, variables.arrow2}) {
+    require_arrow_block(drawing, name);
+  }
+  require_layer_of_points(drawing);
+  const LinearLayout layout = linear_layout(drawing, id);
+  const std::vector<Entity> content = drawn_content(drawing, id);
+  fill(drawing, own_block(drawing, dimension), content);
+  dimension.definition = ocs_to_world(dimension.normal)(layout.definition);
+  dimension.text_position = layout.text_middle;
+  dimension.block_offset = {};
+  update_measured(dimension);
+  drawing.write_body(id, dimension);
+}
+
+void transform_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
+  Dimension dimension = dimension_of(drawing, id);
+  const Point offset = ocs_to_world(dimension.normal).direction(dimension.block_offset);
+  transform(dimension, matrix);
+  if (dimension.is_linear() && !is_shift(matrix)) {
+    drawing.write_body(id, dimension);
+    return draw(drawing, id);
+  }
+  map_content(drawing, dimension, matrix * translation(offset));
+  dimension.block_offset = {};
+  drawing.write_body(id, dimension);
+}
+
+void copy_drawn_block(Drawing& drawing, RecordId id) {
+  Dimension dimension = dimension_of(drawing, id);
+  const auto shown = block_of(drawing, dimension);
+  if (!shown) return;
+  const SpaceId own = drawing.add_drawn_block();
+  dimension.block = drawing.spaces()[index(own)].name;
+  drawing.write_body(id, dimension);
+  for (const RecordId inner : drawing.entities(*shown)) {
+    // A block that holds a dimension may hold itself.
+    if (drawing.record(inner).kind != Kind::dimension) drawing.copy_to(inner, own);
+  }
+}
+
+}  // namespace velmar::drawing
