@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "drawing/dimension/drawn_block.h"
 #include "embedded/current_style.h"
 #include "embedded/entity_object.h"
 #include "embedded/errors.h"
@@ -108,6 +109,38 @@ Value add_3d_poly(BlockObject& block, Arguments& arguments) {
   return add(block, polyline);
 }
 
+Value add_dimension(BlockObject& block, drawing::Dimension dimension) {
+  DocumentState& document = *block.document();
+  dimension.flags |= drawing::Dimension::own_block_flag;
+  dimension.style = current_dim_style(document);
+  // Old drawings do not tell what was measured.
+  if (document.drawing.version() >= "AC1012") dimension.measured = measurement(dimension);
+  const drawing::Entity entity{current_common(document), dimension};
+  const drawing::RecordId id = document.drawing.add(block.id(), entity);
+  draw(document.drawing, id);
+  return make_entity(block.document(), id);
+}
+
+/// The dimension line goes through the text position; its text stands where the style says.
+Value add_dim_aligned(BlockObject& block, Arguments& arguments) {
+  drawing::Dimension dimension;
+  dimension.flags = drawing::Dimension::aligned;
+  dimension.first = arguments.point(0, "ExtLine1Point");
+  dimension.second = arguments.point(1, "ExtLine2Point");
+  dimension.definition = arguments.point(2, "TextPosition");
+  return add_dimension(block, dimension);
+}
+
+Value add_dim_rotated(BlockObject& block, Arguments& arguments) {
+  drawing::Dimension dimension;
+  dimension.flags = drawing::Dimension::rotated;
+  dimension.first = arguments.point(0, "XLine1Point");
+  dimension.second = arguments.point(1, "XLine2Point");
+  dimension.definition = arguments.point(2, "DimLineLocation");
+  dimension.rotation = arguments.number(3);
+  return add_dimension(block, dimension);
+}
+
 constexpr std::array rows{
     Method<BlockObject>{Member::AddLine, Effect::changes, 2, 2, add_line},
     Method<BlockObject>{Member::AddCircle, Effect::changes, 2, 2, add_circle},
@@ -118,6 +151,8 @@ constexpr std::array rows{
                         add_light_weight_polyline},
     Method<BlockObject>{Member::AddPolyline, Effect::changes, 1, 1, add_polyline},
     Method<BlockObject>{Member::Add3DPoly, Effect::changes, 1, 1, add_3d_poly},
+    Method<BlockObject>{Member::AddDimAligned, Effect::changes, 3, 3, add_dim_aligned},
+    Method<BlockObject>{Member::AddDimRotated, Effect::changes, 4, 4, add_dim_rotated},
 };
 
 }  // namespace

@@ -57,6 +57,13 @@ std::string current_text_style(const DocumentState& document) {
   return row_or(document, "TEXTSTYLE", "STYLE", "Standard");
 }
 
+std::string current_dim_style(const DocumentState& document) {
+  const std::vector<std::string> styles = document.drawing.table("DIMSTYLE");
+  const bool has_standard = document.drawing.has_row("DIMSTYLE", "Standard");
+  return row_or(document, "DIMSTYLE", "DIMSTYLE",
+                has_standard || styles.empty() ? "Standard" : styles.front());
+}
+
 double current_elevation(const DocumentState& document) { return number(document, "ELEVATION", 0); }
 
 }  // namespace velmar::embedded

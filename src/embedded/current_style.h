@@ -12,6 +12,7 @@ namespace velmar::embedded {
 
 drawing::Common current_common(const DocumentState& document);
 std::string current_text_style(const DocumentState& document);
+std::string current_dim_style(const DocumentState& document);
 double current_elevation(const DocumentState& document);
 
 }  // namespace velmar::embedded

@@ -14,6 +14,7 @@ bool has_offset(Kind kind) {
 
 const EntityProperty* find_entity_property(Kind kind, Member member) {
   if (const auto* row = find_row(entity_properties(), member)) return row;
+  if (kind == Kind::dimension) return find_row(dimension_properties(), member);
   return kind == Kind::insert ? find_row(reference_properties(), member) : nullptr;
 }
 
