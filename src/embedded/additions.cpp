@@ -109,16 +109,8 @@ Value add_3d_poly(BlockObject& block, Arguments& arguments) {
   return add(block, polyline);
 }
 
-Value add_dimension(BlockObject& block, drawing::Dimension dimension) {
-  DocumentState& document = *block.document();
-  dimension.flags |= drawing::Dimension::own_block_flag;
-  dimension.style = current_dim_style(document);
-  // Old drawings do not tell what was measured.
-  if (document.drawing.version() >= "AC1012") dimension.measured = measurement(dimension);
-  const drawing::Entity entity{current_common(document), dimension};
-  const drawing::RecordId id = document.drawing.add(block.id(), entity);
-  draw(document.drawing, id);
-  return make_entity(block.document(), id);
+Value add(BlockObject& block, const drawing::Dimension& dimension) {
+  return make_entity(block.document(), add_dimension(*block.document(), block.id(), dimension));
 }
 
 /// The dimension line goes through the text position; its text stands where the style says.
@@ -128,7 +120,7 @@ Value add_dim_aligned(BlockObject& block, Arguments& arguments) {
   dimension.first = arguments.point(0, "ExtLine1Point");
   dimension.second = arguments.point(1, "ExtLine2Point");
   dimension.definition = arguments.point(2, "TextPosition");
-  return add_dimension(block, dimension);
+  return add(block, dimension);
 }
 
 Value add_dim_rotated(BlockObject& block, Arguments& arguments) {
@@ -138,7 +130,7 @@ Value add_dim_rotated(BlockObject& block, Arguments& arguments) {
   dimension.second = arguments.point(1, "XLine2Point");
   dimension.definition = arguments.point(2, "DimLineLocation");
   dimension.rotation = arguments.number(3);
-  return add_dimension(block, dimension);
+  return add(block, dimension);
 }
 
 constexpr std::array rows{
@@ -156,6 +148,18 @@ constexpr std::array rows{
 };
 
 }  // namespace
+
+drawing::RecordId add_dimension(DocumentState& document, drawing::SpaceId space,
+                                drawing::Dimension dimension) {
+  dimension.flags |= drawing::Dimension::own_block_flag;
+  dimension.style = current_dim_style(document);
+  // Old drawings do not tell what was measured.
+  if (document.drawing.version() >= "AC1012") dimension.measured = measurement(dimension);
+  const drawing::RecordId id =
+      document.drawing.add(space, {current_common(document), dimension});
+  draw(document.drawing, id);
+  return id;
+}
 
 std::span<const Method<BlockObject>> additions() { return rows; }
 

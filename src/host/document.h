@@ -58,6 +58,11 @@ struct ModelSpace : Collection<Entity> {
   Line AddLine(const Point& start, const Point& end) const {
     return from_value<Line>(call(Member::AddLine, start, end));
   }
+  /// The dimension line goes through `text_position`.
+  AlignedDimension AddDimAligned(const Point& first, const Point& second,
+                                 const Point& text_position) const {
+    return from_value<AlignedDimension>(call(Member::AddDimAligned, first, second, text_position));
+  }
   Circle AddCircle(const Point& center, double radius) const {
     return from_value<Circle>(call(Member::AddCircle, center, radius));
   }
@@ -111,6 +116,9 @@ struct Document : View {
   Entity HandleToObject(std::string_view handle) const {
     return from_value<Entity>(call(Member::HandleToObject, handle));
   }
+
+  /// Types the text on the command line; a blank or a carriage return completes a word.
+  void SendCommand(std::string_view text) const { call(Member::SendCommand, text); }
 
   std::string Name() const { return get<std::string>(Member::Name); }
   std::string Path() const { return get<std::string>(Member::Path); }

@@ -176,16 +176,44 @@ struct Hatch : Entity {
 struct Dimension : Entity {
   static constexpr std::string_view class_name = "AcDbDimension";
   using Entity::Entity;
+
+  double Measurement() const { return get<double>(Member::Measurement); }
+  /// The middle of the text. The dimension line follows it while TextMovement is 0.
+  Point TextPosition() const { return get<Point>(Member::TextPosition); }
+  void TextPosition(const Point& point) const { put(Member::TextPosition, point); }
+  std::string StyleName() const { return get<std::string>(Member::StyleName); }
+  /// Fails where there is no such style.
+  void StyleName(std::string_view name) const { put(Member::StyleName, name); }
+  /// What goes outside the extension lines where there is no room: 0 text and arrows, 1 arrows, 2
+  /// text, 3 what fits best.
+  std::int32_t Fit() const { return get<std::int32_t>(Member::Fit); }
+  void Fit(std::int32_t fit) const { put(Member::Fit, fit); }
+  /// Whether the text stays between the extension lines.
+  bool TextInside() const { return get<bool>(Member::TextInside); }
+  void TextInside(bool inside) const { put(Member::TextInside, inside); }
+  /// Whether there is a dimension line between the extension lines though the arrows are outside.
+  bool ForceLineInside() const { return get<bool>(Member::ForceLineInside); }
+  void ForceLineInside(bool inside) const { put(Member::ForceLineInside, inside); }
+  /// 0 the dimension line moves with the text, 1 a leader leads to it, 2 nothing does.
+  std::int32_t TextMovement() const { return get<std::int32_t>(Member::TextMovement); }
+  void TextMovement(std::int32_t movement) const { put(Member::TextMovement, movement); }
 };
 
 struct AlignedDimension : Dimension {
   static constexpr std::string_view class_name = "AcDbAlignedDimension";
   using Dimension::Dimension;
+
+  /// Where the measured points are; the dimension line is parallel to the way between them.
+  Point ExtLine1Point() const { return get<Point>(Member::ExtLine1Point); }
+  Point ExtLine2Point() const { return get<Point>(Member::ExtLine2Point); }
 };
 
 struct RotatedDimension : Dimension {
   static constexpr std::string_view class_name = "AcDbRotatedDimension";
   using Dimension::Dimension;
+
+  /// The direction of the dimension line.
+  double Rotation() const { return get<double>(Member::Rotation); }
 };
 
 struct Ole : Entity {
