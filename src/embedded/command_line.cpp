@@ -6,6 +6,7 @@
 
 #include "basic/letter_case.h"
 #include "basic/number_text.h"
+#include "drawing/dimension/styles.h"
 #include "embedded/additions.h"
 #include "embedded/current.h"
 
@@ -139,8 +140,8 @@ void CommandLine::add_linear_dimension(Point location) {
   dimension.second = b;
   dimension.definition = location;
   if (orientation_ == "V") dimension.rotation = std::numbers::pi / 2;
-  add_dimension(*document_, current_space(*document_), dimension);
-  say("Dimension text = " + basic::general(measurement(dimension)));
+  const auto added = add_dimension(*document_, current_space(*document_), dimension);
+  say("Dimension text = " + basic::general(measured(document_->drawing, added)));
 }
 
 }  // namespace velmar::embedded

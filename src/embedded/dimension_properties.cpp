@@ -110,7 +110,7 @@ void put_normal(EntityObject& entity, const Value& value) {
 
 constexpr std::array rows{
     EntityProperty{Member::Measurement,
-                   [](const EntityObject& e) -> Value { return measurement(body(e)); }},
+                   [](const EntityObject& e) -> Value { return measured(e.drawing(), e.id()); }},
     EntityProperty{Member::TextPosition, get_text_position, put_text_position},
     EntityProperty{Member::TextRotation,
                    [](const EntityObject& e) -> Value { return body(e).text_rotation; },

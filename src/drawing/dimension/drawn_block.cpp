@@ -1,5 +1,7 @@
 #include "drawing/dimension/drawn_block.h"
 
+#include <cmath>
+
 #include "drawing/dimension/arrowheads.h"
 #include "drawing/dimension/linear_layout.h"
 #include "drawing/dimension/styles.h"
@@ -34,6 +36,16 @@ void require_layer_of_points(Drawing& drawing) {
   row.name = "Defpoints";
   if (drawing.version() >= "AC1015") row.plottable = 0;
   drawing.add_layer(row);
+}
+
+/// What the file says was measured, where it says so and it is another value now.
+void update_measured(Drawing& drawing, RecordId id) {
+  constexpr double noise = 1e-12;
+  Dimension dimension = dimension_of(drawing, id);
+  const double now = measured(drawing, id);
+  if (dimension.measured == 0 || std::abs(now - dimension.measured) <= noise * now) return;
+  dimension.measured = now;
+  drawing.write_body(id, dimension);
 }
 
 void fill(Drawing& drawing, SpaceId block, const std::vector<Entity>& content) {
@@ -89,8 +101,8 @@ void draw(Drawing& drawing, RecordId id) {
   dimension.definition = ocs_to_world(dimension.normal)(layout.definition);
   dimension.text_position = layout.text_middle;
   dimension.block_offset = {};
-  update_measured(dimension);
   drawing.write_body(id, dimension);
+  update_measured(drawing, id);
 }
 
 void transform_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
@@ -104,6 +116,7 @@ void transform_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
   map_content(drawing, dimension, matrix * translation(offset));
   dimension.block_offset = {};
   drawing.write_body(id, dimension);
+  update_measured(drawing, id);
 }
 
 void copy_drawn_block(Drawing& drawing, RecordId id) {

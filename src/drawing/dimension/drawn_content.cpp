@@ -15,6 +15,18 @@ namespace {
 
 Point direction(double angle) { return {std::cos(angle), std::sin(angle), 0}; }
 
+/// An index; or a method in the highest byte, and the colour in the others, as newer programs write.
+void set_color(Common& common, std::int32_t color) {
+  enum Method : std::uint32_t { by_layer = 0xC0, by_block = 0xC1, rgb = 0xC2, indexed = 0xC3 };
+  constexpr std::int32_t of_layer = 256, low_bytes = 0xFFFFFF;
+  common.color = 0;
+  const std::uint32_t method = static_cast<std::uint32_t>(color) >> 24;
+  if (color >= 0 && color <= of_layer) common.color = color;
+  if (method == by_layer) common.color = of_layer;
+  if (method == indexed) common.color = std::min(color & low_bytes, of_layer);
+  if (method == rgb) common.true_color = color & low_bytes;
+}
+
 double number_in(const Drawing& drawing, RecordId row, int code, double otherwise) {
   if (row == RecordId::none) return otherwise;
   const std::string text = drawing.row_text(row, code);
@@ -36,7 +48,7 @@ class Drawer {
     const double fixed = number_in(drawing, style, 40, 0);
     text_height_ = fixed > 0 ? fixed : v_.text_height * v_.factor();
     width_factor_ = std::max(number_in(drawing, style, 41, 1), 1e-6);
-    text_ = measured_text(measurement(dimension_), dimension_.text, v_,
+    text_ = measured_text(measured(drawing, id), dimension_.text, v_,
                           is_r12_ ? TextForm::plain : TextForm::mtext);
   }
 
@@ -73,7 +85,7 @@ class Drawer {
   Common look(std::int32_t color, std::int32_t weight) const {
     Common common;
     common.linetype = "ByBlock";
-    common.color = color;
+    set_color(common, color);
     if (drawing_.version() >= "AC1015") common.lineweight = weight;
     return common;
   }

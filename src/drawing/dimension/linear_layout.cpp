@@ -13,7 +13,12 @@ namespace {
 constexpr double tolerance = 1e-9;
 constexpr double right_angle = std::numbers::pi / 2;
 
-Point direction(double angle) { return {std::cos(angle), std::sin(angle), 0}; }
+/// Along the axes without the noise of pi.
+Point direction(double angle) {
+  constexpr double noise = 1e-15;
+  const auto clean = [](double value) { return std::abs(value) < noise ? 0 : value; };
+  return {clean(std::cos(angle)), clean(std::sin(angle)), 0};
+}
 double angle_of(Point vector) { return std::atan2(vector.y, vector.x); }
 
 /// The same line's direction that reads from below or from the right.

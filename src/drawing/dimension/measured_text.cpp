@@ -189,9 +189,8 @@ std::string length_text(double length, const DimVariables& v, TextForm form) {
 
 std::string measured_text(double length, const std::string& written, const DimVariables& v,
                           TextForm form) {
-  const double scaled = length * std::abs(v.length_factor);
-  const std::string own = with_affix(with_tolerance(rounded(scaled, v.rounding), v, form), v.affix);
-  const std::string alternate = v.alternate != 0 ? alternate_text(scaled, v, form) : "";
+  const std::string own = with_affix(with_tolerance(rounded(length, v.rounding), v, form), v.affix);
+  const std::string alternate = v.alternate != 0 ? alternate_text(length, v, form) : "";
   if (written.empty()) return alternate.empty() ? own : own + " " + alternate;
   if (written.find_first_not_of(' ') == written.npos) return {};
   std::string text = written;

@@ -102,6 +102,16 @@ DimVariables variables_of(const Drawing& drawing, RecordId dimension) {
   return variables;
 }
 
+double measured(const Drawing& drawing, RecordId id) {
+  const auto dimension = std::get<Dimension>(drawing.read_body(id));
+  const double plain = measurement(dimension);
+  if (dimension.is_angular()) return plain;
+  const double factor = variables_of(drawing, id).length_factor;
+  const bool in_paper = drawing.record(id).space != SpaceId::model;
+  if (factor < 0) return in_paper ? plain * -factor : plain;
+  return factor > 0 ? plain * factor : plain;
+}
+
 void write_variables(Drawing& drawing, RecordId dimension, const DimVariables& wanted) {
   const DimVariables now = variables_of(drawing, dimension);
   Overrides changed = differences(now, wanted);

@@ -83,13 +83,6 @@ double measurement(const Dimension& dimension) {
   return std::abs(dot(from_origin, direction(of_x ? turn : turn + std::numbers::pi / 2)));
 }
 
-void update_measured(Dimension& dimension) {
-  constexpr double noise = 1e-12;
-  const double now = measurement(dimension);
-  const bool is_given = dimension.measured != 0;
-  if (is_given && std::abs(now - dimension.measured) > noise * now) dimension.measured = now;
-}
-
 void transform(Dimension& dimension, const Matrix& matrix) {
   const PlaneMap plane = plane_map(matrix, dimension.normal);
   for (Point* point : {&dimension.definition, &dimension.first, &dimension.second,
@@ -103,7 +96,6 @@ void transform(Dimension& dimension, const Matrix& matrix) {
   if (plane.mirrored) dimension.oblique = -dimension.oblique;
   dimension.leader_length *= plane.stretch;
   dimension.normal = plane.normal;
-  update_measured(dimension);
 }
 
 }  // namespace velmar::drawing

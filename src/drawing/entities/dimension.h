@@ -48,6 +48,7 @@ struct Dimension {
   }
   /// With a straight dimension line between two points.
   bool is_linear() const { return type() == rotated || type() == aligned; }
+  bool is_angular() const { return type() == angular_2_line || type() == angular_3_point; }
   bool has_user_text_place() const { return (flags & user_text_flag) != 0; }
 };
 
@@ -123,9 +124,7 @@ double line_angle(const Dimension& dimension);
 /// What is measured, from the points: a length or, of an angular dimension, radians. Without the
 /// style's scale of lengths.
 double measurement(const Dimension& dimension);
-/// Brings what the file says was measured up to date, where it says so and it is another value.
-void update_measured(Dimension& dimension);
-/// Maps the points; the content of the block is for the caller.
+/// Maps the points. The content of the block, and `measured`, are for the caller.
 void transform(Dimension& dimension, const Matrix& matrix);
 
 }  // namespace velmar::drawing
