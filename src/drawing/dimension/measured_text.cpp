@@ -86,11 +86,16 @@ std::string fractional_text(const Parts& parts, const DimVariables& v, TextForm 
   return fixed(parts.whole, 0) + (is_stacked(v, form) ? "" : " ") + fraction;
 }
 
-/// DIMZIN: 0 leaves out zero feet and zero inches, 1 neither, 2 the inches, 3 the feet.
+// DIMZIN: 0 leaves out zero feet and zero inches, 1 neither, 2 the inches, 3 the feet.
+bool shows_feet(double feet, const DimVariables& v) {
+  const std::int32_t shown = v.zeros & 3;
+  return feet > 0 || shown == 1 || shown == 2;
+}
+
 std::string feet_and_inches(double feet, bool no_inches, const std::string& inches,
                             const DimVariables& v) {
   const std::int32_t shown = v.zeros & 3;
-  const bool with_feet = feet > 0 || shown == 1 || shown == 2;
+  const bool with_feet = shows_feet(feet, v);
   const bool with_inches = !no_inches || shown == 1 || shown == 3 || !with_feet;
   std::string text = with_feet ? fixed(feet, 0) + "'" : "";
   if (with_feet && with_inches) text += "-";
@@ -103,7 +108,7 @@ std::string architectural_text(double length, const DimVariables& v, TextForm fo
   parts.whole -= feet * inches_per_foot;
   const bool no_inches = parts.whole == 0 && parts.over == 0;
   std::string inches = fractional_text(parts, v, form);
-  if (parts.whole == 0 && parts.over != 0 && feet > 0) {
+  if (parts.whole == 0 && parts.over != 0 && shows_feet(feet, v)) {
     inches.insert(0, is_stacked(v, form) ? "0" : "0 ");
   }
   return feet_and_inches(feet, no_inches, inches, v);
