@@ -155,8 +155,7 @@ drawing::RecordId add_dimension(DocumentState& document, drawing::SpaceId space,
   dimension.style = current_dim_style(document);
   // Old drawings do not tell what was measured.
   if (document.drawing.version() >= "AC1012") dimension.measured = measurement(dimension);
-  const drawing::RecordId id =
-      document.drawing.add(space, {current_common(document), dimension});
+  const drawing::RecordId id = document.drawing.add(space, {current_common(document), dimension});
   draw(document.drawing, id);
   return id;
 }

@@ -107,8 +107,8 @@ std::optional<Point> CommandLine::point(const std::string& answer) const {
 
 bool CommandLine::linear_dimension(const std::string& answer) {
   const std::string keyword = basic::upper(answer);
-  const bool is_keyword = keyword == "H" || keyword == "V" || keyword == "HORIZONTAL" ||
-                          keyword == "VERTICAL";
+  const bool is_keyword =
+      keyword == "H" || keyword == "V" || keyword == "HORIZONTAL" || keyword == "VERTICAL";
   if (points_.size() == 2 && is_keyword) {
     orientation_ = keyword.substr(0, 1);
     say("Specify dimension line location: ");

@@ -103,10 +103,11 @@ using Row = Property<DimVariables>;
 
 template <std::int32_t DimVariables::*zeros>
 constexpr Row zero_feet(Member member) {
-  return {member, [](const DimVariables& v) -> Value { return suppressed(v.*zeros).no_feet; },
-          [](DimVariables& v, const Value& value) {
-            v.*zeros = with(v.*zeros, {basic::convert<bool>(value), suppressed(v.*zeros).no_inches});
-          }};
+  return {
+      member, [](const DimVariables& v) -> Value { return suppressed(v.*zeros).no_feet; },
+      [](DimVariables& v, const Value& value) {
+        v.*zeros = with(v.*zeros, {basic::convert<bool>(value), suppressed(v.*zeros).no_inches});
+      }};
 }
 template <std::int32_t DimVariables::*zeros>
 constexpr Row zero_inches(Member member) {

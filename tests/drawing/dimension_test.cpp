@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "drawing/dimension/arrowheads.h"
 #include "drawing/dimension/drawn_block.h"
 #include "drawing/dimension/linear_layout.h"
 #include "drawing/dimension/measured_text.h"
@@ -157,6 +158,34 @@ TEST(Overrides, LeaveTheOtherDataOfTheirApplicationAlone) {
                               {1002, "}"},    {1040, "7"}};
   EXPECT_EQ(with_overrides(data, overrides), expected);
   EXPECT_EQ(overrides_in({{1001, "ACAD"}, {1000, "DSTYLE"}}).size(), 0U);
+}
+
+TEST(DrawnBlock, IsNeverTheDrawingItself) {
+  Drawing drawing = Drawing::empty();
+  drawing.add(SpaceId::model, {{}, Line{{0, 0, 0}, {1, 1, 0}}});
+  Dimension dimension = horizontal(20);
+  dimension.block = "*Model_Space";
+  const RecordId id = drawing.add(SpaceId::model, {{}, dimension});
+  transform_dimension(drawing, id, scaling({}, 2));
+  EXPECT_EQ(drawing.entity_count(SpaceId::model), 2U);
+  EXPECT_EQ(std::get<Dimension>(drawing.read_body(id)).block, "*D1");
+}
+
+TEST(Arrowheads, HaveTheirBlocksUnderTheNamesOfOldDrawingsToo) {
+  Drawing drawing = Drawing::empty();
+  EXPECT_EQ(arrow_block(drawing, "BoxBlank"), "_BOXBLANK");
+  EXPECT_EQ(arrow_block(drawing, "NOT_HERE"), "");
+  require_arrow_block(drawing, "BOXBLANK");
+  require_arrow_block(drawing, "_BoxBlank");
+  EXPECT_EQ(drawing.spaces().size(), 3U);
+  drawing.add_definition("BOXBLANK");
+  EXPECT_EQ(arrow_block(drawing, "BOXBLANK"), "BOXBLANK") << "the drawing's own";
+  for (std::int32_t number = 0; number < arrowhead_count; ++number) {
+    const std::string block(arrowhead(number).block);
+    EXPECT_EQ(arrowhead_number(block), number);
+    require_arrow_block(drawing, block);
+    EXPECT_EQ(arrow_block(drawing, block), block);
+  }
 }
 
 /// Of every drawing of the corpus that opens.

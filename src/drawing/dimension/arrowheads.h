@@ -23,6 +23,9 @@ std::int32_t arrowhead_number(std::string_view block);
 /// Of the user's own blocks the whole.
 double arrowhead_trim(std::string_view block);
 
+/// The block that shows an arrowhead: the drawing's own of that name, else a well-known one. Empty
+/// for the closed and filled one, which is also drawn where there is no such block.
+std::string arrow_block(const Drawing& drawing, const std::string& name);
 /// Adds the block of a well-known arrowhead where the drawing does not have it.
 void require_arrow_block(Drawing& drawing, std::string_view block);
 

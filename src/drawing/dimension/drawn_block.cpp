@@ -15,14 +15,20 @@ Dimension dimension_of(const Drawing& drawing, RecordId id) {
 }
 
 std::optional<SpaceId> block_of(const Drawing& drawing, const Dimension& dimension) {
-  if (dimension.block.empty()) return std::nullopt;
-  return drawing.find_space(dimension.block);
+  const auto found = drawing.find_space(dimension.block);
+  const bool is_sheet = found && drawing.spaces()[index(*found)].is_layout;
+  return is_sheet ? std::nullopt : found;
+}
+
+/// Anonymous, so that no block reference is meant to show it too.
+bool can_be_redrawn(const Space& space) {
+  return space.name.starts_with('*') && space.endblk != RecordId::none;
 }
 
 /// The block of the dimension, if no other shows the same; otherwise a new one.
 SpaceId own_block(Drawing& drawing, Dimension& dimension) {
   const auto present = block_of(drawing, dimension);
-  const bool is_usable = present && drawing.spaces()[index(*present)].endblk != RecordId::none;
+  const bool is_usable = present && can_be_redrawn(drawing.spaces()[index(*present)]);
   if (is_usable && !drawing.is_drawn_by_several(*present)) return *present;
   const SpaceId added = drawing.add_drawn_block();
   dimension.block = drawing.spaces()[index(added)].name;
@@ -48,9 +54,18 @@ void update_measured(Drawing& drawing, RecordId id) {
   drawing.write_body(id, dimension);
 }
 
+/// Entities of the same kinds in the same places are written anew, the others replaced.
 void fill(Drawing& drawing, SpaceId block, const std::vector<Entity>& content) {
-  for (const RecordId old : drawing.entities(block)) drawing.erase(old);
-  for (const Entity& entity : content) drawing.add(block, entity);
+  const std::vector<RecordId> old = drawing.entities(block);
+  std::size_t same = 0;
+  while (same < old.size() && same < content.size() &&
+         drawing.read_body(old[same]).index() == content[same].body.index() &&
+         drawing.record(old[same]).kind != Kind::polyline) {
+    drawing.write(old[same], content[same]);
+    ++same;
+  }
+  for (std::size_t i = same; i < old.size(); ++i) drawing.erase(old[i]);
+  for (std::size_t i = same; i < content.size(); ++i) drawing.add(block, content[i]);
 }
 
 bool is_shift(const Matrix& matrix) {

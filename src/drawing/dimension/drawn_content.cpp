@@ -15,7 +15,8 @@ namespace {
 
 Point direction(double angle) { return {std::cos(angle), std::sin(angle), 0}; }
 
-/// An index; or a method in the highest byte, and the colour in the others, as newer programs write.
+/// An index; or a method in the highest byte, and the colour in the others, as newer programs
+/// write.
 void set_color(Common& common, std::int32_t color) {
   enum Method : std::uint32_t { by_layer = 0xC0, by_block = 0xC1, rgb = 0xC2, indexed = 0xC3 };
   constexpr std::int32_t of_layer = 256, low_bytes = 0xFFFFFF;
@@ -78,8 +79,8 @@ class Drawer {
   std::string text_style() const { return v_.text_style.empty() ? "Standard" : v_.text_style; }
 
   std::string arrow_name(bool second) const {
-    if (v_.separate_arrows == 0) return v_.arrow;
-    return second ? v_.arrow2 : v_.arrow1;
+    if (v_.separate_arrows == 0) return arrow_block(drawing_, v_.arrow);
+    return arrow_block(drawing_, second ? v_.arrow2 : v_.arrow1);
   }
 
   Common look(std::int32_t color, std::int32_t weight) const {
@@ -96,10 +97,9 @@ class Drawer {
 
   void add_arrow(const ArrowPlace& place, bool second) {
     const std::string name = arrow_name(second);
-    const bool is_user_none = name == ".";
     const Common common = look(v_.line_color, v_.line_weight);
     if (v_.tick_size > 0) return add_tick(place);
-    if (name.empty() || is_user_none) return add_closed_arrow(place);
+    if (name.empty()) return add_closed_arrow(place);
     Insert insert;
     insert.block = name;
     insert.insertion = place.tip;

@@ -270,8 +270,8 @@ class Layouter {
     const Point from = line_.at(line_.length / 2);
     const Point text_along_direction = direction(layout_.text_angle);
     const double side = dot(from - layout_.text_middle, text_along_direction) < 0 ? -1 : 1;
-    const Point to = layout_.text_middle +
-                     text_along_direction * (side * (text_.width / 2 + sizes_.gap));
+    const Point to =
+        layout_.text_middle + text_along_direction * (side * (text_.width / 2 + sizes_.gap));
     const bool is_away = norm(layout_.text_middle - from) > text_.width / 2 + 2 * sizes_.gap;
     if (is_away) layout_.lines.push_back({from, to});
   }

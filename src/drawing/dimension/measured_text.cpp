@@ -15,9 +15,9 @@ constexpr double inches_per_foot = 12;
 
 /// Groups 270 of before AC1015 tell whether fractions are stacked too.
 Units units_of(const DimVariables& v) {
-  constexpr std::array<Units, 9> by_old{decimal,       scientific, decimal,
+  constexpr std::array<Units, 9> by_old{decimal,       scientific,    decimal,
                                         engineering,   architectural, fractional,
-                                        architectural, fractional, decimal};
+                                        architectural, fractional,    decimal};
   if (v.old_units > 0) return by_old[static_cast<std::size_t>(std::min(v.old_units, 8))];
   return v.units >= scientific && v.units <= fractional ? static_cast<Units>(v.units) : decimal;
 }
@@ -119,7 +119,8 @@ std::string engineering_text(double length, const DimVariables& v) {
   const double rounded = std::floor(length / step + 0.5) * step;
   const double feet = std::floor(rounded / inches_per_foot);
   const double inches = std::max(0.0, rounded - feet * inches_per_foot);
-  const std::string text = without_zeros(fixed(inches, decimals_of(v)), v.zeros & no_trailing_zeros);
+  const std::string text =
+      without_zeros(fixed(inches, decimals_of(v)), v.zeros & no_trailing_zeros);
   return feet_and_inches(feet, inches < step / 2, text, v);
 }
 
@@ -143,8 +144,8 @@ DimVariables for_tolerance(DimVariables v) {
 std::string stacked(const std::string& upper, const std::string& lower, const DimVariables& v,
                     TextForm form) {
   if (form == TextForm::plain) return upper + "/" + lower;
-  return "{\\H" + without_zeros(fixed(v.tolerance_height, 4), no_trailing_zeros) +
-         "x;\\S" + upper + "^" + lower + ";}";
+  return "{\\H" + without_zeros(fixed(v.tolerance_height, 4), no_trailing_zeros) + "x;\\S" + upper +
+         "^" + lower + ";}";
 }
 
 std::string with_tolerance(double length, const DimVariables& v, TextForm form) {

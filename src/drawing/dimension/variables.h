@@ -11,15 +11,15 @@ namespace velmar::drawing {
 /// dimension say of how it is drawn. Lengths but those named as such are multiplied by `scale`.
 struct DimVariables {
   // Sizes.
-  double scale = 1;               // DIMSCALE; 0 counts as 1
-  double arrow_size = 0.18;       //
+  double scale = 1;          // DIMSCALE; 0 counts as 1
+  double arrow_size = 0.18;  //
   double extension_offset = 0.0625;
   double line_spacing = 0.38;
   double extension_beyond = 0.18;  // past the dimension line
   double line_beyond = 0;          // past the extension lines, where there are ticks
   double text_height = 0.18;
   double center_size = 0.09;
-  double tick_size = 0;  // above 0: ticks in place of arrows
+  double tick_size = 0;    // above 0: ticks in place of arrows
   double text_gap = 0.09;  // below 0: and a box around the text
   double text_shift = 0;   // of a text in the line, in text heights
 
@@ -30,8 +30,8 @@ struct DimVariables {
   std::int32_t units = 2;
   std::int32_t old_units = 0;  // before AC1015; 0: `units` counts
   std::int32_t decimals = 4;
-  std::int32_t zeros = 0;      // what is suppressed: 4 leading, 8 trailing, 0 to 3 feet and inches
-  std::int32_t fraction = 0;   // 0 horizontal, 1 diagonal, 2 not stacked
+  std::int32_t zeros = 0;     // what is suppressed: 4 leading, 8 trailing, 0 to 3 feet and inches
+  std::int32_t fraction = 0;  // 0 horizontal, 1 diagonal, 2 not stacked
   std::int32_t separator = '.';
 
   // Alternate units.
@@ -60,14 +60,13 @@ struct DimVariables {
   // How things look.
   std::int32_t line_color = 0, extension_color = 0, text_color = 0;
   std::int32_t line_weight = -2, extension_weight = -2;
-  std::int32_t separate_arrows = 0;  // arrow1 and arrow2 count in place of arrow
+  std::int32_t separate_arrows = 0;   // arrow1 and arrow2 count in place of arrow
   std::string arrow, arrow1, arrow2;  // names of blocks; empty: closed and filled
   std::string text_style;             // empty: Standard
 
   double factor() const { return scale == 0 ? 1 : scale; }
   std::int32_t linear_units() const { return old_units != 0 ? old_units : units; }
 };
-
 
 /// The list of those that are kept as they are; see also the names below.
 template <class Fields>

@@ -85,8 +85,8 @@ double measurement(const Dimension& dimension) {
 
 void transform(Dimension& dimension, const Matrix& matrix) {
   const PlaneMap plane = plane_map(matrix, dimension.normal);
-  for (Point* point : {&dimension.definition, &dimension.first, &dimension.second,
-                       &dimension.third}) {
+  for (Point* point :
+       {&dimension.definition, &dimension.first, &dimension.second, &dimension.third}) {
     *point = matrix(*point);
   }
   dimension.text_position = plane.map(dimension.text_position);

@@ -23,24 +23,24 @@ struct Dimension {
   static constexpr std::int32_t type_bits = 7, own_block_flag = 32, ordinate_x_flag = 64,
                                 user_text_flag = 128;
 
-  std::string block;                 // "*D7"
-  std::string style = "Standard";    //
-  Point definition;                  // group 10: on the dimension line, or a centre, vertex, origin
-  Point text_position;               // the middle of the text, in the OCS
-  Point block_offset;                // in the OCS: where the block's content is drawn
+  std::string block;               // "*D7"
+  std::string style = "Standard";  //
+  Point definition;                // group 10: on the dimension line, or a centre, vertex, origin
+  Point text_position;             // the middle of the text, in the OCS
+  Point block_offset;              // in the OCS: where the block's content is drawn
   std::int32_t flags = 0;
-  std::string text;                  // empty or "<>": the measured one
-  std::int32_t attachment = 5;       // of the text: the middle
-  double measured = 0;               // what the file says; see measurement()
-  double text_rotation = 0;          // 0: as the style says
-  double horizontal_direction = 0;   // clockwise from the x axis of the OCS
+  std::string text;                 // empty or "<>": the measured one
+  std::int32_t attachment = 5;      // of the text: the middle
+  double measured = 0;              // what the file says; see measurement()
+  double text_rotation = 0;         // 0: as the style says
+  double horizontal_direction = 0;  // clockwise from the x axis of the OCS
   Point normal = z_axis;
-  Point first, second;               // groups 13 and 14: origins of the extension lines, a feature
-  Point third;                       // group 15: on a second line, on a curve
-  Point arc_point;                   // group 16, in the OCS: on the arc of an angle
+  Point first, second;  // groups 13 and 14: origins of the extension lines, a feature
+  Point third;          // group 15: on a second line, on a curve
+  Point arc_point;      // group 16, in the OCS: on the arc of an angle
   double leader_length = 0;
-  double oblique = 0;                // from dimension line to extension lines; 0: square
-  double rotation = 0;               // of the dimension line of a rotated dimension
+  double oblique = 0;   // from dimension line to extension lines; 0: square
+  double rotation = 0;  // of the dimension line of a rotated dimension
 
   Type type() const {
     const std::int32_t type = flags & type_bits;

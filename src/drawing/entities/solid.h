@@ -27,7 +27,7 @@ void fields(Fields& field, Solid& solid) {
   field("FirstCorner", 10, ocs(solid.corners[0]));
   field("SecondCorner", 11, ocs(solid.corners[1]));
   field("ThirdCorner", 12, ocs(solid.corners[2]));
-  field("FourthCorner", 13, ocs(solid.corners[3]), unless{Point(solid.corners[2])});
+  field("FourthCorner", 13, ocs(solid.corners[3]));
   field("Thickness", 39, solid.thickness, unless{0.0});
   field("Normal", 210, solid.normal, unless{z_axis});
 }
