@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "drawing/dimension/variables.h"
 #include "drawing/entities/layer_row.h"
 #include "drawing/entities/linetype_row.h"
 #include "drawing/entities/text_style.h"
@@ -168,6 +169,18 @@ class Drawing {
   RecordId add_text_style(const std::string& name);
   /// What a style says of its texts; a plain stroke font where there is no such style.
   TextLook look(std::string_view style) const;
+  /// The first value of a group code in a row's record, as text; empty where it has none.
+  std::string row_text(RecordId row, int code) const;
+  /// What a row of the DIMSTYLE table says; not the variables that name rows.
+  DimVariables read_dim_style(RecordId row) const;
+  /// A copy of the table's first style. Fails where the file has no such table.
+  RecordId add_dim_style(const std::string& name);
+  /// Whether more than one dimension of the file as it was read shows that block.
+  bool is_drawn_by_several(SpaceId block) const;
+  /// A new, empty block of the next name "*D1", "*D2", ...
+  SpaceId add_drawn_block();
+  /// A new, empty block definition.
+  SpaceId add_definition(const std::string& name, std::int32_t flags = 0);
 
   // Records.
   const Record& record(RecordId id) const;

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "drawing/dimension/drawn_block.h"
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_reader.h"
 #include "drawing/dxf/field_writer.h"
@@ -58,6 +59,8 @@ Body empty_body(Kind kind) {
       return Xline{};
     case Kind::ole2frame:
       return OleFrame{};
+    case Kind::dimension:
+      return Dimension{};
     default:
       return Opaque{};
   }
@@ -137,6 +140,7 @@ NewRecord new_record(const Body& body) {
     NewRecord operator()(const Ray&) const { return {"RAY"}; }
     NewRecord operator()(const Xline&) const { return {"XLINE"}; }
     NewRecord operator()(const OleFrame&) const { return {"OLE2FRAME"}; }
+    NewRecord operator()(const Dimension&) const { return {"DIMENSION"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
     NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
     NewRecord operator()(const MText&) const { return {"MTEXT"}; }
@@ -434,6 +438,7 @@ RecordId Drawing::copy_to(RecordId id, SpaceId space) {
   store_->added_since_save.insert(static_cast<std::uint32_t>(made));
   store_->spaces[index(space)].entities.push_back(made);
   if (body) write_body(made, *body);
+  if (store_->at(made).kind == Kind::dimension) copy_drawn_block(*this, made);
   return made;
 }
 

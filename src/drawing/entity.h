@@ -7,6 +7,7 @@
 #include "drawing/entities/attrib.h"
 #include "drawing/entities/circle.h"
 #include "drawing/entities/common.h"
+#include "drawing/entities/dimension.h"
 #include "drawing/entities/ellipse.h"
 #include "drawing/entities/face.h"
 #include "drawing/entities/hatch.h"
@@ -35,7 +36,7 @@ void fields(Fields&, Opaque&) {}
 /// One alternative for each kind that has fields.
 using Body = std::variant<Opaque, Line, Arc, Circle, Ellipse, LwPolyline, Polyline, Text, Attrib,
                           Attdef, Insert, PointMark, MText, Tolerance, Hatch, Solid, Trace, Face,
-                          Spline, Leader, Ray, Xline, OleFrame>;
+                          Spline, Leader, Ray, Xline, OleFrame, Dimension>;
 
 struct Entity {
   Common common;

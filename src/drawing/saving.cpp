@@ -76,10 +76,18 @@ class Pieces {
   std::size_t copied_ = 0;
 };
 
+/// What a dimension is drawn with is told of as the dimension.
+bool is_in_drawn_block(const Store& store, std::uint32_t record) {
+  const SpaceId space = store.records[record].space;
+  return space != SpaceId::none && store.spaces[index(space)].name.starts_with("*D");
+}
+
 std::vector<Handle> handles_of(const Store& store, const std::set<std::uint32_t>& records) {
   std::vector<Handle> handles;
   handles.reserve(records.size());
-  for (const std::uint32_t record : records) handles.push_back(store.records[record].handle);
+  for (const std::uint32_t record : records) {
+    if (!is_in_drawn_block(store, record)) handles.push_back(store.records[record].handle);
+  }
   return handles;
 }
 

@@ -127,7 +127,9 @@ RecordId Store::add(RecordId before, Record record, std::string bytes) {
   patches[number] = std::move(bytes);
   anchors[number] = anchor;
   auto& line = added_before[anchor];
-  line.insert(beside_added ? std::find(line.begin(), line.end(), before) : line.end(), id);
+  // Most often it is one of those added last.
+  const auto place = std::find(line.rbegin(), line.rend(), before);
+  line.insert(beside_added ? place.base() - 1 : line.end(), id);
   ++edition;
   return id;
 }
@@ -157,6 +159,13 @@ LayerId Store::layer_named(std::string_view wanted) {
 }
 
 std::optional<SpaceId> Store::find_space(std::string_view wanted) const {
+  for (; indexed_spaces < spaces.size(); ++indexed_spaces) {
+    space_index.emplace(spaces[indexed_spaces].name, static_cast<std::uint32_t>(indexed_spaces));
+  }
+  const auto indexed = space_index.find(std::string(wanted));
+  if (indexed != space_index.end() && spaces[indexed->second].name == wanted) {
+    return static_cast<SpaceId>(indexed->second);
+  }
   for (std::size_t i = 0; i < spaces.size(); ++i) {
     if (!spaces[i].erased && same_name(spaces[i].name, wanted)) return static_cast<SpaceId>(i);
   }

@@ -19,6 +19,7 @@ struct Landmarks {
   RecordId end_of_entities = RecordId::none;  // the ENDSEC behind which no entity stands
   RecordId end_of_blocks = RecordId::none;    // the ENDSEC of their sections
   RecordId end_of_objects = RecordId::none;
+  RecordId entities = RecordId::none;  // the SECTION record of the entities
 };
 
 /// Where a table stands: its TABLE record, its first row, its ENDTAB.
@@ -71,7 +72,12 @@ struct Store {
   std::shared_ptr<Journal> journal;  // of saves; null: none is kept
   std::optional<FileStamp> stamp;    // of the file at `path` as this drawing knows it
   bool any_erased = false;
-  bool gave_handles = false;  // written ones: then $HANDSEED follows
+  bool gave_handles = false;                               // written ones: then $HANDSEED follows
+  mutable std::optional<std::set<SpaceId>> shared_blocks;  // see Drawing::is_drawn_by_several
+  std::uint64_t latest_drawn_block = 0;  // the number of the newest block *Dn, once one was added
+  // Positions of spaces by their names, of the first `indexed_spaces`.
+  mutable std::unordered_map<std::string, std::uint32_t> space_index;
+  mutable std::size_t indexed_spaces = 0;
 
   std::vector<std::uint32_t> by_handle;  // records in the order of their handles
   mutable std::size_t latest_find = 0;   // where in it find() stood last

@@ -64,13 +64,6 @@ std::vector<RecordId> Drawing::text_styles() const {
   return ids;
 }
 
-RecordId Drawing::find_row(std::string_view table, std::string_view name) const {
-  for (const TableRow& row : store_->rows) {
-    if (row.table == table && same_name(row.name, name)) return row.record;
-  }
-  return RecordId::none;
-}
-
 TextStyle Drawing::read_text_style(RecordId id) const {
   std::optional<dxf::Problem> problem;
   TextStyle style = read_style(*store_, id, problem);

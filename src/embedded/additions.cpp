@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "basic/conversion.h"
+#include "drawing/dimension/drawn_block.h"
 #include "embedded/current_style.h"
 #include "embedded/entity_object.h"
 #include "embedded/errors.h"
@@ -86,7 +87,7 @@ Value add_tolerance(BlockObject& block, Arguments& arguments) {
   const double size = std::hypot(direction.x, direction.y);
   if (!(size > 0)) throw failure(HostError::invalid_input);
   tolerance.direction = Point{direction.x / size, direction.y / size, 0};
-  tolerance.style = current_dimension_style(*block.document());
+  tolerance.style = current_dim_style(*block.document());
   drawing::Body body = tolerance;
   block.document()->drawing.apply_style(body);
   return add(block, std::move(body));
@@ -152,6 +153,30 @@ Value add_hatch(BlockObject& block, Arguments& arguments) {
   return add(block, hatch);
 }
 
+Value add(BlockObject& block, const drawing::Dimension& dimension) {
+  return make_entity(block.document(), add_dimension(*block.document(), block.id(), dimension));
+}
+
+/// The dimension line goes through the text position; its text stands where the style says.
+Value add_dim_aligned(BlockObject& block, Arguments& arguments) {
+  drawing::Dimension dimension;
+  dimension.flags = drawing::Dimension::aligned;
+  dimension.first = arguments.point(0, "ExtLine1Point");
+  dimension.second = arguments.point(1, "ExtLine2Point");
+  dimension.definition = arguments.point(2, "TextPosition");
+  return add(block, dimension);
+}
+
+Value add_dim_rotated(BlockObject& block, Arguments& arguments) {
+  drawing::Dimension dimension;
+  dimension.flags = drawing::Dimension::rotated;
+  dimension.first = arguments.point(0, "XLine1Point");
+  dimension.second = arguments.point(1, "XLine2Point");
+  dimension.definition = arguments.point(2, "DimLineLocation");
+  dimension.rotation = arguments.number(3);
+  return add(block, dimension);
+}
+
 constexpr std::array rows{
     Method<BlockObject>{Member::AddLine, Effect::changes, 2, 2, add_line},
     Method<BlockObject>{Member::AddCircle, Effect::changes, 2, 2, add_circle},
@@ -165,9 +190,22 @@ constexpr std::array rows{
     Method<BlockObject>{Member::AddPolyline, Effect::changes, 1, 1, add_polyline},
     Method<BlockObject>{Member::AddHatch, Effect::changes, 3, 4, add_hatch},
     Method<BlockObject>{Member::Add3DPoly, Effect::changes, 1, 1, add_3d_poly},
+    Method<BlockObject>{Member::AddDimAligned, Effect::changes, 3, 3, add_dim_aligned},
+    Method<BlockObject>{Member::AddDimRotated, Effect::changes, 4, 4, add_dim_rotated},
 };
 
 }  // namespace
+
+drawing::RecordId add_dimension(DocumentState& document, drawing::SpaceId space,
+                                drawing::Dimension dimension) {
+  dimension.flags |= drawing::Dimension::own_block_flag;
+  dimension.style = current_dim_style(document);
+  // Old drawings do not tell what was measured.
+  if (document.drawing.version() >= "AC1012") dimension.measured = measurement(dimension);
+  const drawing::RecordId id = document.drawing.add(space, {current_common(document), dimension});
+  draw(document.drawing, id);
+  return id;
+}
 
 std::span<const Method<BlockObject>> additions() { return rows; }
 

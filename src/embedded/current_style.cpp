@@ -65,8 +65,11 @@ double current_text_height(const DocumentState& document) {
   return height > 0 ? height : 0.2;
 }
 
-std::string current_dimension_style(const DocumentState& document) {
-  return row_or(document, "DIMSTYLE", "DIMSTYLE", "Standard");
+std::string current_dim_style(const DocumentState& document) {
+  const std::vector<std::string> styles = document.drawing.table("DIMSTYLE");
+  const bool has_standard = document.drawing.has_row("DIMSTYLE", "Standard");
+  return row_or(document, "DIMSTYLE", "DIMSTYLE",
+                has_standard || styles.empty() ? "Standard" : styles.front());
 }
 
 double current_elevation(const DocumentState& document) { return number(document, "ELEVATION", 0); }

@@ -11,6 +11,7 @@
 #include "embedded/current.h"
 #include "embedded/current_style.h"
 #include "embedded/dictionary_object.h"
+#include "embedded/dim_styles_object.h"
 #include "embedded/document_members.h"
 #include "embedded/document_name.h"
 #include "embedded/errors.h"
@@ -42,6 +43,7 @@ const Document::Method* Document::find(Member member) {
       Method{Member::Regen, 1, 1, &Document::regen},
       Method{Member::Save, 0, 0, &Document::save},
       Method{Member::SaveAs, 1, 3, &Document::save_as},
+      Method{Member::SendCommand, 1, 1, &Document::send_command},
       Method{Member::SetVariable, 2, 2, &Document::set_variable},
       Method{Member::StartUndoMark, 0, 0, &Document::nothing_to_do},
   };
@@ -56,6 +58,8 @@ Value Document::get(Member member) {
   switch (member) {
     case Member::Active:
       return session()->active() == self();
+    case Member::ActiveDimStyle:
+      return std::make_shared<DimStyleObject>(state_, current_dim_style(*state_));
     case Member::ActiveLayer:
       return std::make_shared<LayerObject>(state_, current_layer(*state_));
     case Member::ActiveLayout:
@@ -69,6 +73,8 @@ Value Document::get(Member member) {
       return active_text_style();
     case Member::Blocks:
       return std::make_shared<BlocksObject>(state_);
+    case Member::DimStyles:
+      return std::make_shared<DimStylesObject>(state_);
     case Member::Dictionaries:
       return std::make_shared<DictionaryObject>(state_, state_->drawing.root_dictionary());
     case Member::Groups:
@@ -107,6 +113,8 @@ Value Document::get(Member member) {
 void Document::put(Member member, const Value& value) {
   require_open(*state_);
   switch (member) {
+    case Member::ActiveDimStyle:
+      return put_active_dim_style(value);
     case Member::ActiveLayer:
       return put_active_layer(value);
     case Member::ActiveLayout:
@@ -248,6 +256,14 @@ Value Document::set_variable(Arguments& arguments) {
   return {};
 }
 
+/// The drawing is made active first; what is sent runs at once.
+Value Document::send_command(Arguments& arguments) {
+  const std::string text = arguments.text(0);
+  session()->activate(self());
+  command_line_.send(text);
+  return {};
+}
+
 Value Document::nothing_to_do(Arguments&) { return {}; }
 
 std::shared_ptr<Session> Document::session() const {
@@ -297,6 +313,15 @@ void Document::put_active_linetype(const Value& value) {
     throw invalid_argument("Linetype", Member::ActiveLinetype);
   }
   embedded::set_variable(*state_, "CELTYPE", linetype->get(Member::Name));
+}
+
+void Document::put_active_dim_style(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto style = reference ? std::dynamic_pointer_cast<DimStyleObject>(*reference) : nullptr;
+  if (!style || &style->document() != state_.get()) {
+    throw invalid_argument("DimStyle", Member::ActiveDimStyle);
+  }
+  state_->variables["DIMSTYLE"] = style->name();
 }
 
 void Document::put_active_layer(const Value& value) {

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "embedded/arguments.h"
+#include "embedded/command_line.h"
 #include "embedded/document_state.h"
 #include "embedded/plain_object.h"
 #include "embedded/utility.h"
@@ -21,7 +22,8 @@ class Document final : public PlainObject {
       : state_(std::move(state)),
         session_(std::move(session)),
         input_(input),
-        utility_(std::make_shared<Utility>(state_, input)) {}
+        utility_(std::make_shared<Utility>(state_, input)),
+        command_line_(state_, input) {}
 
   const DocumentPointer& state() const { return state_; }
 
@@ -58,6 +60,7 @@ class Document final : public PlainObject {
   Value regen(Arguments& arguments);
   Value get_variable(Arguments& arguments);
   Value set_variable(Arguments& arguments);
+  Value send_command(Arguments& arguments);
   Value nothing_to_do(Arguments& arguments);
 
   std::shared_ptr<Session> session() const;
@@ -70,11 +73,13 @@ class Document final : public PlainObject {
   void put_active_layout(const Value& value);
   Value active_linetype() const;
   void put_active_linetype(const Value& value);
+  void put_active_dim_style(const Value& value);
 
   DocumentPointer state_;
   std::weak_ptr<Session> session_;
   Input& input_;
   std::shared_ptr<Utility> utility_;
+  CommandLine command_line_;
 };
 
 }  // namespace velmar::embedded

@@ -16,6 +16,7 @@ const EntityProperty* find_entity_property(Kind kind, Member member) {
   if (const auto* row = find_row(entity_properties(), member)) return row;
   if (kind == Kind::tolerance) return find_row(tolerance_properties(), member);
   if (kind == Kind::hatch) return find_row(hatch_properties(), member);
+  if (kind == Kind::dimension) return find_row(dimension_properties(), member);
   return kind == Kind::insert ? find_row(reference_properties(), member) : nullptr;
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "drawing/dimension/drawn_block.h"
 #include "embedded/entity_members.h"
 #include "embedded/errors.h"
 
@@ -103,6 +104,9 @@ void require_transformable(const EntityObject& entity, const Matrix& matrix, Mem
 
 void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
   drawing::Drawing& drawing = entity.drawing();
+  if (entity.record().kind == drawing::Kind::dimension) {
+    return transform_dimension(drawing, entity.id(), matrix);
+  }
   std::vector<std::pair<RecordId, drawing::Body>> moved{{entity.id(), entity.body()}};
   if (std::holds_alternative<drawing::Insert>(moved.front().second)) {
     for (const RecordId part : drawing.parts(entity.id())) {

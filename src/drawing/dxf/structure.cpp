@@ -167,6 +167,7 @@ void Structure::end_section_start() {
              : name == "ENTITIES" ? Section::entities
              : name == "OBJECTS"  ? Section::objects
                                   : Section::other;
+  if (section_ == Section::entities) store_.landmarks.entities = current_;
   if (section_ == Section::header && store_.landmarks.header == RecordId::none) read_header();
 }
 
