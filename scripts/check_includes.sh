@@ -11,8 +11,8 @@ calc text geometry layers measure batch: component host basic
 system: component basic
 drawing:
 embedded: host drawing basic
-com: component host embedded basic
-cli: component system embedded host drawing basic
+com: component system host embedded basic
+cli: component com system embedded host drawing basic
 '
 
 cd "${1:-$(dirname "$0")/../src}"

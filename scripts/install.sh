@@ -4,7 +4,8 @@
 set -euo pipefail
 
 scripts=$(dirname "$(readlink -f "$0")")
-packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libxxhash-dev libgtest-dev libgmock-dev "$@")
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libxxhash-dev libgtest-dev libgmock-dev
+          libfreetype-dev fonts-liberation "$@")
 
 if ! command -v dpkg-query >/dev/null; then
   echo "This is no Debian system: the equivalents of ${packages[*]} are taken to be installed." >&2

@@ -28,5 +28,6 @@ void add_script(CLI::App& program, Action& action);
 void add_batch(CLI::App& program, Action& action);
 void add_undo(CLI::App& program, Action& action);
 void add_diff(CLI::App& program, Action& action);
+void add_doctor(CLI::App& program, Action& action);
 
 }  // namespace velmar::cli

@@ -28,6 +28,7 @@ struct Parameter {
   ValueType type = ValueType::none;
   bool by_reference = false;
   bool optional = false;
+  bool is_colour = false;  // the host's enumeration of colour indexes
 };
 
 /// One published method. Everything that lists, calls or describes methods reads these.

@@ -40,6 +40,20 @@ consteval Parameter parameter(std::string_view name) {
   return {name, value_type<T>(), std::is_lvalue_reference_v<T>, optional};
 }
 
+/// Marks the name of a parameter that takes a colour of the host's enumeration.
+struct Colour {
+  consteval explicit Colour(std::string_view parameter_name) : name(parameter_name) {}
+  std::string_view name;
+};
+
+template <class T>
+consteval Parameter parameter(Colour marked) {
+  static_assert(value_type<T>() == ValueType::int32, "an enumeration has 32 bits");
+  Parameter of_colour = parameter<T>(marked.name);
+  of_colour.is_colour = true;
+  return of_colour;
+}
+
 template <class Member>
 struct Signature;
 

@@ -22,7 +22,8 @@ void install_host_factory(HostFactory factory);
 /// This thread's, made on first use; error 429 where no factory is installed or it makes nothing.
 host::HostApplication host_application();
 
-/// Forgets this thread's HostApplication; the next use makes another. It also ends with its thread.
+/// Forgets this thread's HostApplication; the next use makes another. It also ends with its thread,
+/// but not on Windows, where a host must be let go before COM leaves the thread.
 void release_host_application();
 
 host::Application application();

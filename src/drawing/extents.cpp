@@ -69,7 +69,9 @@ struct OutlinesOf {
   std::vector<std::vector<Point>> chains;
   template <class Shape>
   void operator()(const Shape& shape) {
-    if constexpr (requires { outline(shape); }) {
+    if constexpr (requires { outlines(shape); }) {
+      for (auto& chain : outlines(shape)) chains.push_back(std::move(chain));
+    } else if constexpr (requires { outline(shape); }) {
       if (auto chain = outline(shape); !chain.empty()) chains.push_back(std::move(chain));
     }
   }

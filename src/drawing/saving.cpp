@@ -1,5 +1,6 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/record_edit.h"
+#include "drawing/erasing.h"
 #include "drawing/file_writer.h"
 #include "drawing/journal.h"
 #include "drawing/store.h"
@@ -30,8 +31,9 @@ class Pieces {
         header_pending = false;
         replace(next, header_);
       } else if (is_touched) {
-        const bool erased = store.records[next].is(Record::erased);
-        replace(next, erased ? std::string_view() : store.bytes(static_cast<RecordId>(next)));
+        const Record& record = store.records[next];
+        const bool gone = record.is(Record::erased) || record.is(Record::moved);
+        replace(next, gone ? std::string_view() : store.bytes(static_cast<RecordId>(next)));
       }
     }
     take_source(store.source.bytes().size());
@@ -105,6 +107,7 @@ void Drawing::keep_journal(std::shared_ptr<Journal> journal) {
 }
 
 Changes Drawing::changes() const {
+  settle_erased(*store_);
   return {handles_of(*store_, store_->added_since_save),
           handles_of(*store_, store_->modified_since_save),
           handles_of(*store_, store_->erased_since_save)};
@@ -121,6 +124,7 @@ void Drawing::save(const std::filesystem::path& path) {
                 ": has changed since it was opened; nothing was saved. Open it again, or save "
                 "under another name");
   }
+  settle_erased(*store_);
   const Pieces pieces(*store_);
   FileWriter file(path);
   file.write(pieces.list());
@@ -138,6 +142,7 @@ void Drawing::save(const std::filesystem::path& path) {
 }
 
 std::string Drawing::bytes() const {
+  settle_erased(*store_);
   const Pieces pieces(*store_);
   std::string bytes;
   for (const std::string_view piece : pieces.list()) bytes += piece;

@@ -47,6 +47,14 @@ std::vector<std::string> Drawing::table(std::string_view name) const {
   return names;
 }
 
+std::vector<RecordId> Drawing::rows(std::string_view table) const {
+  std::vector<RecordId> ids;
+  for (const TableRow& row : store_->rows) {
+    if (row.table == table) ids.push_back(row.record);
+  }
+  return ids;
+}
+
 bool Drawing::has_row(std::string_view table, std::string_view name) const {
   for (const TableRow& row : store_->rows) {
     if (row.table == table && same_name(row.name, name)) return true;

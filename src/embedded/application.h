@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <vector>
 
 #include "embedded/plain_object.h"
@@ -25,6 +26,8 @@ class Application final : public PlainObject {
   void activate(const DocumentPointer& document);
   /// Without saving.
   void close(const DocumentPointer& document);
+  /// What Quit does after closing the drawings. Until this is set Quit is not available.
+  void on_quit(std::function<void()> action) { session_->quit = std::move(action); }
   /// The open drawings, in the order in which they were opened.
   std::vector<DocumentPointer> documents() const;
   /// Null where no drawing is open.
@@ -33,6 +36,9 @@ class Application final : public PlainObject {
  private:
   std::string caption() const;
   Session::DocumentObject object_of(const DocumentPointer& document) const;
+  void zoom(Member member, std::span<Value> values);
+  void queue_input(std::string_view lines);
+  void quit();
 
   std::shared_ptr<Session> session_;
   bool visible_ = true;

@@ -54,6 +54,7 @@ class Document final : public PlainObject {
   Value save(Arguments& arguments);
   Value save_as(Arguments& arguments);
   Value close(Arguments& arguments);
+  Value purge_all(Arguments& arguments);
   Value regen(Arguments& arguments);
   Value get_variable(Arguments& arguments);
   Value set_variable(Arguments& arguments);
@@ -64,6 +65,11 @@ class Document final : public PlainObject {
   Value space(drawing::SpaceId id) const;
   void write(const std::filesystem::path& path);
   void put_active_layer(const Value& value);
+  Value active_text_style() const;
+  void put_active_text_style(const Value& value);
+  void put_active_layout(const Value& value);
+  Value active_linetype() const;
+  void put_active_linetype(const Value& value);
 
   DocumentPointer state_;
   std::weak_ptr<Session> session_;

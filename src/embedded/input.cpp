@@ -14,9 +14,9 @@ std::string_view in_words(QuestionKind kind) {
   return words[static_cast<std::size_t>(kind)];
 }
 
-basic::Failure cancelled(host::Member method, std::string_view interface, const Input& input) {
+basic::Failure cancelled(host::Member method, std::string_view interface_name, const Input& input) {
   std::string description = "Method '" + std::string(host::spelling(method)) + "' of object '" +
-                            std::string(interface) + "' failed";
+                            std::string(interface_name) + "' failed";
   const std::string why = input.why_cancelled();
   if (!why.empty()) description += ": " + why;
   return failure(HostError::cancelled, std::move(description));

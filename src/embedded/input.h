@@ -40,12 +40,18 @@ class Input {
   virtual std::optional<std::string> answer(const Question& question) = 0;
   /// Writes to the command line. No line break is added.
   virtual void say(std::string_view text) = 0;
+  /// Takes an answer for a later question; false where answers are not taken beforehand.
+  virtual bool prepare(std::string) { return false; }
+  /// What was asked, answered and said so far, as it would stand on a command line, as far as it is
+  /// kept.
+  virtual std::string written() const { return {}; }
+  virtual void forget_written() {}
   /// Why the last question was cancelled, where it was not the user's own wish; else empty.
   virtual std::string why_cancelled() const { return {}; }
 };
 
 /// The host's failure after a cancelled question: "Method 'GetEntity' of object 'IAcadUtility'
 /// failed", and why where the input knows it.
-basic::Failure cancelled(host::Member method, std::string_view interface, const Input& input);
+basic::Failure cancelled(host::Member method, std::string_view interface_name, const Input& input);
 
 }  // namespace velmar::embedded

@@ -13,17 +13,19 @@ using drawing::Matrix;
 using drawing::Point;
 using drawing::RecordId;
 
-bool transform_body(drawing::Body& body, const Matrix& matrix) {
-  return std::visit(
+void transform_body(drawing::Body& body, const Matrix& matrix) {
+  std::visit(
       [&]<class Kind>(Kind& kind) {
-        if constexpr (std::same_as<Kind, drawing::Opaque>) {
-          return false;
-        } else {
-          transform(kind, matrix);
-          return true;
-        }
+        if constexpr (!std::same_as<Kind, drawing::Opaque>) transform(kind, matrix);
       },
       body);
+}
+
+/// A map that leaves what is upright upright.
+bool is_upright(const Matrix& matrix) {
+  const double size = matrix.x.x;
+  return size > 0 && matrix.x == drawing::x_axis * size && matrix.y == drawing::y_axis * size &&
+         matrix.z == drawing::z_axis * size;
 }
 
 Value move(EntityObject& entity, Arguments& arguments) {
@@ -91,6 +93,14 @@ constexpr std::array rows{
 
 }  // namespace
 
+void require_transformable(const EntityObject& entity, const Matrix& matrix, Member what) {
+  const drawing::Body& body = entity.body();
+  const bool turns_frame = std::holds_alternative<drawing::OleFrame>(body) && !is_upright(matrix);
+  if (turns_frame || std::holds_alternative<drawing::Opaque>(body)) {
+    throw not_supported(std::string(host::spelling(what)) + " of " + entity.kind());
+  }
+}
+
 void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
   drawing::Drawing& drawing = entity.drawing();
   std::vector<std::pair<RecordId, drawing::Body>> moved{{entity.id(), entity.body()}};
@@ -99,11 +109,8 @@ void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
       moved.emplace_back(part, drawing.read_body(part));
     }
   }
-  for (auto& [id, body] : moved) {
-    if (!transform_body(body, matrix)) {
-      throw not_supported(std::string(host::spelling(what)) + " of " + entity.kind());
-    }
-  }
+  require_transformable(entity, matrix, what);
+  for (auto& [id, body] : moved) transform_body(body, matrix);
   for (const auto& [id, body] : moved) drawing.write_body(id, body);
 }
 

@@ -4,6 +4,7 @@
 #include "embedded/entity_members.h"
 #include "embedded/errors.h"
 #include "embedded/intersections.h"
+#include "embedded/record_members.h"
 #include "embedded/xdata.h"
 
 namespace velmar::embedded {
@@ -65,9 +66,8 @@ Value intersect_with(EntityObject& entity, Arguments& arguments) {
   return numbers;
 }
 
-/// The dictionary holds objects that are kept whole without being understood.
-Value get_extension_dictionary(EntityObject&, Arguments&) {
-  throw not_supported("GetExtensionDictionary");
+Value get_extension_dictionary(EntityObject& entity, Arguments&) {
+  return extension_dictionary(entity.document(), entity.id());
 }
 
 constexpr std::array rows{

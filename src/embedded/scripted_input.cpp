@@ -27,6 +27,23 @@ std::optional<std::string> ScriptedInput::answer(const Question& question) {
   return given;
 }
 
+bool ScriptedInput::prepare(std::string answer) {
+  add(std::move(answer));
+  return true;
+}
+
+std::string ScriptedInput::written() const {
+  std::string text;
+  for (const auto& entry : transcript_) {
+    if (const auto* asked = std::get_if<Asked>(&entry)) {
+      text += asked->prompt + asked->answer.value_or("*Cancel*") + "\r\n";
+    } else {
+      text += std::get<Said>(entry).text;
+    }
+  }
+  return text;
+}
+
 void ScriptedInput::say(std::string_view text) { transcript_.push_back(Said{std::string(text)}); }
 
 }  // namespace velmar::embedded

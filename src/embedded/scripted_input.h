@@ -33,6 +33,9 @@ class ScriptedInput : public Input {
 
   std::optional<std::string> answer(const Question& question) override;
   void say(std::string_view text) override;
+  bool prepare(std::string answer) override;
+  std::string written() const override;
+  void forget_written() override { transcript_.clear(); }
   std::string why_cancelled() const override { return why_cancelled_; }
 
  private:

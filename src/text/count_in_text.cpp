@@ -1,6 +1,7 @@
 #include <set>
 #include <string>
 
+#include "basic/letter_case.h"
 #include "basic/number_text.h"
 #include "basic/rounding.h"
 #include "basic/strings.h"
@@ -38,12 +39,13 @@ std::int16_t Velmar16::CountInText() {
   const std::string keyword = utility().GetString(true, new_line("Enter KeyWord for search: "));
   if (keyword.empty()) return 0;
 
+  const std::u16string wanted = basic::folded(keyword);
   basic::Count count;
   LayerList layers;
   for (const Entity& candidate : model_space()) {
     if (candidate.ObjectName() != host::Text::class_name) continue;
     const auto text = entity<host::Text>(candidate.Handle());
-    if (!basic::contains_ignoring_case(text.TextString(), keyword)) continue;
+    if (basic::folded(text.TextString()).find(wanted) == std::u16string::npos) continue;
     ++count;
     layers.add(text.Layer());
   }

@@ -1,0 +1,71 @@
+#include "com/host_server/served_items.h"
+
+#include <utility>
+
+#include "com/automation/failure_crossing.h"
+
+namespace velmar::com {
+
+ServedItems::ServedItems(std::shared_ptr<host::Object> collection,
+                         std::shared_ptr<ServedObjects> all)
+    : collection_(std::move(collection)), all_(std::move(all)), items_(collection_->enumerate()) {}
+
+HRESULT ServedItems::QueryInterface(REFIID id, void** found) {
+  if (!found) return E_POINTER;
+  const bool known = id == __uuidof(IUnknown) || id == __uuidof(IEnumVARIANT);
+  *found = known ? this : nullptr;
+  if (!known) return E_NOINTERFACE;
+  AddRef();
+  return S_OK;
+}
+
+ULONG ServedItems::Release() {
+  const ULONG left = --references_;
+  if (left == 0) delete this;
+  return left;
+}
+
+HRESULT ServedItems::Next(ULONG wanted, VARIANT* items, ULONG* fetched) {
+  if (!items && wanted > 0) return E_POINTER;
+  ULONG count = 0;
+  HRESULT code = S_OK;
+  try {
+    basic::Value item;
+    while (count < wanted && items_->next(item)) {
+      items[count] = to_variant(item, *all_).release();
+      ++count;
+    }
+  } catch (...) {
+    // What was fetched before is handed out; the failure comes again with the next call.
+    if (count == 0) code = report(caught());
+  }
+  if (fetched) *fetched = count;
+  if (FAILED(code)) return code;
+  return count == wanted ? S_OK : S_FALSE;
+}
+
+HRESULT ServedItems::Skip(ULONG count) {
+  basic::Value item;
+  try {
+    while (count > 0 && items_->next(item)) --count;
+  } catch (...) {
+    return report(caught());
+  }
+  return count == 0 ? S_OK : S_FALSE;
+}
+
+HRESULT ServedItems::Reset() {
+  try {
+    items_ = collection_->enumerate();
+    return S_OK;
+  } catch (...) {
+    return report(caught());
+  }
+}
+
+HRESULT ServedItems::Clone(IEnumVARIANT** copy) {
+  if (copy) *copy = nullptr;
+  return E_NOTIMPL;
+}
+
+}  // namespace velmar::com
