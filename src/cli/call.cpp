@@ -16,6 +16,7 @@
 #include "cli/run.h"
 #include "cli/saving.h"
 #include "cli/usage_error.h"
+#include "drawing/utf8_path.h"
 
 namespace velmar::cli {
 namespace {

@@ -14,7 +14,7 @@ namespace {
 
 /// The word so that it comes out whole on the other side: a backslash stands for itself unless a
 /// quotation mark follows.
-std::string quoted(std::string_view word) {
+std::string in_quotes(std::string_view word) {
   std::string text = "\"";
   std::size_t backslashes = 0;
   for (const char c : word) {
@@ -28,7 +28,7 @@ std::string quoted(std::string_view word) {
 
 std::wstring command_line(const std::vector<std::string>& words) {
   std::string line;
-  for (const std::string& word : words) line += (line.empty() ? "" : " ") + quoted(word);
+  for (const std::string& word : words) line += (line.empty() ? "" : " ") + in_quotes(word);
   const std::u16string units = basic::to_utf16(line);
   return {units.begin(), units.end()};
 }
