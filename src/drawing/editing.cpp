@@ -52,6 +52,8 @@ Body empty_body(Kind kind) {
       return Xline{};
     case Kind::ole2frame:
       return OleFrame{};
+    case Kind::region:
+      return Region{};
     default:
       return Opaque{};
   }
@@ -130,6 +132,7 @@ NewRecord new_record(const Body& body) {
     NewRecord operator()(const Leader&) const { return {"LEADER"}; }
     NewRecord operator()(const Ray&) const { return {"RAY"}; }
     NewRecord operator()(const Xline&) const { return {"XLINE"}; }
+    NewRecord operator()(const Region&) const { return {}; }  // never made here
     NewRecord operator()(const OleFrame&) const { return {"OLE2FRAME"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
     NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
