@@ -61,6 +61,8 @@ Body empty_body(Kind kind) {
       return OleFrame{};
     case Kind::dimension:
       return Dimension{};
+    case Kind::region:
+      return Region{};
     default:
       return Opaque{};
   }
@@ -139,6 +141,7 @@ NewRecord new_record(const Body& body) {
     NewRecord operator()(const Leader&) const { return {"LEADER"}; }
     NewRecord operator()(const Ray&) const { return {"RAY"}; }
     NewRecord operator()(const Xline&) const { return {"XLINE"}; }
+    NewRecord operator()(const Region&) const { return {}; }  // never made here
     NewRecord operator()(const OleFrame&) const { return {"OLE2FRAME"}; }
     NewRecord operator()(const Dimension&) const { return {"DIMENSION"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }

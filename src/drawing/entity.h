@@ -20,6 +20,7 @@
 #include "drawing/entities/point_mark.h"
 #include "drawing/entities/polyline.h"
 #include "drawing/entities/ray.h"
+#include "drawing/entities/region.h"
 #include "drawing/entities/solid.h"
 #include "drawing/entities/spline.h"
 #include "drawing/entities/text.h"
@@ -36,7 +37,7 @@ void fields(Fields&, Opaque&) {}
 /// One alternative for each kind that has fields.
 using Body = std::variant<Opaque, Line, Arc, Circle, Ellipse, LwPolyline, Polyline, Text, Attrib,
                           Attdef, Insert, PointMark, MText, Tolerance, Hatch, Solid, Trace, Face,
-                          Spline, Leader, Ray, Xline, OleFrame, Dimension>;
+                          Spline, Leader, Ray, Xline, OleFrame, Dimension, Region>;
 
 struct Entity {
   Common common;

@@ -25,6 +25,7 @@ Point flat(Point p) { return {p.x, p.y, 0}; }
 struct Part {
   Edges edges;
   std::vector<BulgeVertex> vertices;
+  bool in_order = true;
 };
 using FoundPart = std::optional<Part>;
 
@@ -35,6 +36,11 @@ Edges lines(const std::vector<Point>& points) {
       edges.emplace_back(HatchLine{flat(points[i - 1]), flat(points[i])});
   }
   return edges;
+}
+
+bool is_round(const Conic& conic) {
+  const double a = norm(conic.cosine), b = norm(conic.sine);
+  return std::abs(a - b) <= 1e-12 * a;
 }
 
 /// Sees bodies in the plane of the hatch.
@@ -84,7 +90,21 @@ class Plane {
       point.position.z = 0;
     }
     edge.control_points = std::move(drawn->control_points);
-    return Part{{edge}, {}};
+    return Part{{edge}, {}, true};
+  }
+  FoundPart operator()(const Region& region) const {
+    const auto found = edges(region);
+    if (!found) return {};
+    Part whole;
+    whole.in_order = false;
+    for (const RegionEdge& edge : *found) {
+      const auto* line = std::get_if<RegionLine>(&edge);
+      const FoundPart part = line ? straight({line->start, line->end})
+                                  : round(std::get<Conic>(edge), is_round(std::get<Conic>(edge)));
+      if (!part) return {};
+      whole.edges.insert(whole.edges.end(), part->edges.begin(), part->edges.end());
+    }
+    return whole;
   }
   template <class Other>
   FoundPart operator()(const Other&) const {
@@ -97,7 +117,7 @@ class Plane {
       point = to_plane_(point);
       if (!is_flat(point)) return {};
     }
-    return Part{lines(points), {}};
+    return Part{lines(points), {}, true};
   }
 
   FoundPart round(const Conic& in_world, bool is_circle) const {
@@ -109,12 +129,12 @@ class Plane {
     if (!(size > 0) || !is_level || !is_flat(conic.center)) return {};
     Conic level = conic;
     level.center.z = level.cosine.z = level.sine.z = 0;
-    if (!is_circle) return Part{{ellipse_edge(level)}, {}};
+    if (!is_circle) return Part{{ellipse_edge(level)}, {}, true};
     const bool left = cross(level.cosine, level.sine).z > 0;
     const Point start = level(level.start) - level.center;
     const double angle = std::atan2(start.y, start.x);
     const double from = level.sweep == full_turn ? 0 : wrapped(left ? angle : -angle);
-    return Part{{HatchArc{level.center, size, from, from + level.sweep, left ? 1 : 0}}, {}};
+    return Part{{HatchArc{level.center, size, from, from + level.sweep, left ? 1 : 0}}, {}, true};
   }
 
   FoundPart bulged(std::vector<BulgeVertex> vertices, bool closed, double elevation,
@@ -129,8 +149,8 @@ class Plane {
       vertex.start_width = vertex.end_width = 0;
       if (map.z.z < 0) vertex.bulge = -vertex.bulge;
     }
-    if (closed) return Part{{}, std::move(vertices)};
-    Part part{edges_of(vertices), {}};
+    if (closed) return Part{{}, std::move(vertices), true};
+    Part part{edges_of(vertices), {}, true};
     part.edges.pop_back();  // from the last vertex to the first
     return part;
   }
@@ -182,7 +202,11 @@ std::optional<HatchLoop> boundary_loop(std::span<const Body> bodies, const Hatch
     if (!part) return std::nullopt;
     if (part->vertices.empty()) {
       if (part->edges.empty()) return std::nullopt;
-      ways.push_back(std::move(part->edges));
+      if (part->in_order) {
+        ways.push_back(std::move(part->edges));
+      } else {
+        for (HatchEdge& edge : part->edges) ways.push_back({std::move(edge)});
+      }
       continue;
     }
     if (bodies.size() != 1) return std::nullopt;

@@ -17,7 +17,7 @@ using drawing::RecordId;
 void transform_body(drawing::Body& body, const Matrix& matrix) {
   std::visit(
       [&]<class Kind>(Kind& kind) {
-        if constexpr (!std::same_as<Kind, drawing::Opaque>) transform(kind, matrix);
+        if constexpr (requires { transform(kind, matrix); }) transform(kind, matrix);
       },
       body);
 }
@@ -97,7 +97,9 @@ constexpr std::array rows{
 void require_transformable(const EntityObject& entity, const Matrix& matrix, Member what) {
   const drawing::Body& body = entity.body();
   const bool turns_frame = std::holds_alternative<drawing::OleFrame>(body) && !is_upright(matrix);
-  if (turns_frame || std::holds_alternative<drawing::Opaque>(body)) {
+  const bool is_fixed = std::holds_alternative<drawing::Opaque>(body) ||
+                        std::holds_alternative<drawing::Region>(body);
+  if (turns_frame || is_fixed) {
     throw not_supported(std::string(host::spelling(what)) + " of " + entity.kind());
   }
 }

@@ -23,6 +23,9 @@ Value get_bounding_box(EntityObject& entity, Arguments& arguments) {
   if (!box) {
     const drawing::Kind kind = entity.record().kind;
     const bool is_endless = kind == drawing::Kind::ray || kind == drawing::Kind::xline;
+    if (const auto* region = std::get_if<drawing::Region>(&entity.body())) {
+      throw not_supported("GetBoundingBox of REGION (" + why_unknown(*region) + ")");
+    }
     const bool is_opaque = std::holds_alternative<drawing::Opaque>(entity.body());
     if (is_opaque && !is_endless) throw not_supported("GetBoundingBox of " + entity.kind());
     throw failure(HostError::invalid_extents);

@@ -87,6 +87,17 @@ void FieldReader::repeated(int code, std::vector<Point>& list) {
   }
 }
 
+void FieldReader::long_texts(int code, int more, std::vector<std::string>& list) {
+  list.clear();
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group) continue;
+    if (tag.code == code) list.emplace_back();
+    const bool counts = tag.code == code || (tag.code == more && !list.empty());
+    if (counts) list.back() += record_.text(tag);
+  }
+}
+
 void FieldReader::vertices(std::vector<BulgeVertex>& list) {
   list.clear();
   const auto& tags = record_.tags();

@@ -54,6 +54,7 @@ class FieldReader {
     if (!problem_) problem_ = reader.problem();
   }
   void absent(std::initializer_list<int>) {}
+  void long_texts(int code, int more, std::vector<std::string>& list);
 
   const std::optional<Problem>& problem() const { return problem_; }
 

@@ -59,6 +59,7 @@ class FieldWriter {
     take_row(writer, first, last, list.empty());
   }
   void absent(std::initializer_list<int> codes);
+  void long_texts(int, int, const std::vector<std::string>&) {}
 
   bool changed() const { return !edits_.empty(); }
   /// The bytes of the record with all edits.

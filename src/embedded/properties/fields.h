@@ -27,6 +27,8 @@ struct FieldVisitor {
   template <class List>
   void row(int, List&) {}
   void absent(std::initializer_list<int>) {}
+  template <class List>
+  void long_texts(int, int, List&) {}
 };
 
 /// Reads the field of that name: points in world coordinates, angles in radians.
