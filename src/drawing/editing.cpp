@@ -306,7 +306,7 @@ Common Drawing::read_common(RecordId id) const {
   return common;
 }
 
-std::string Drawing::read_linetype(RecordId id) const {
+std::string Drawing::read_linetype_name(RecordId id) const {
   constexpr int marker_code = 100, linetype_code = 6;
   const std::string_view bytes = store_->bytes(id);
   dxf::TagCursor cursor(bytes, store_->format);

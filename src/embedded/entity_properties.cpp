@@ -96,7 +96,7 @@ constexpr std::array rows{
     EntityProperty{Member::TrueColor, get_true_color, put_true_color},
     EntityProperty{Member::Linetype,
                    [](const EntityObject& e) -> Value {
-                     return linetype_spelling(e.drawing().read_linetype(e.id()));
+                     return linetype_spelling(e.drawing().read_linetype_name(e.id()));
                    },
                    put_linetype},
     EntityProperty{Member::LinetypeScale,

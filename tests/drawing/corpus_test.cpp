@@ -218,7 +218,7 @@ TEST_P(Corpus, ALinetypeIsReadAsWithTheOtherCommonValues) {
   const Drawing drawing = Drawing::open(GetParam().drawing);
   for (std::uint32_t i = 0; i < drawing.spaces().size(); ++i) {
     for (const RecordId id : drawing.entities(static_cast<SpaceId>(i))) {
-      EXPECT_EQ(drawing.read_linetype(id), drawing.read_common(id).linetype);
+      EXPECT_EQ(drawing.read_linetype_name(id), drawing.read_common(id).linetype);
     }
   }
 }

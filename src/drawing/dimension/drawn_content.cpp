@@ -144,7 +144,7 @@ class Drawer {
     text.width_factor = width_factor_;
     text.text = text_;
     text.style = text_style();
-    text.look = drawing_.look(text.style);
+    text.font = drawing_.look(text.style).font;
     text.horizontal = center;
     text.vertical = vertical_middle;
     return text;
