@@ -30,7 +30,7 @@ ExitCode check(const InfoOptions& options) {
   Json all = Json::array();
   for (const std::string& file : options.drawings) {
     try {
-      const drawing::Drawing drawing = drawing::Drawing::open(file);
+      const drawing::Drawing drawing = drawing::Drawing::open(drawing::utf8_path(file));
       const auto found = faults(drawing);
       if (!found.empty() && result == ExitCode::done) result = ExitCode::method_failed;
       if (options.json) {

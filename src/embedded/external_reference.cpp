@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "embedded/document_name.h"
+#include "drawing/utf8_path.h"
 #include "embedded/errors.h"
 
 namespace velmar::embedded {
@@ -62,7 +62,8 @@ std::span<const Method<BlockObject>> external_reference_methods() { return rows;
 fs::path require_referenced_file(const DocumentState& document, const std::string& path) {
   std::string with_slashes = path;
   std::ranges::replace(with_slashes, '\\', '/');
-  const fs::path wanted(with_slashes), folder(document_folder(document));
+  const fs::path wanted = drawing::utf8_path(with_slashes);
+  const fs::path folder = document.drawing.path().parent_path();
   std::error_code unreadable;
   if (!wanted.empty()) {
     for (const fs::path& place : {folder / wanted, folder / wanted.filename()}) {
