@@ -12,6 +12,7 @@ scripts/install_windows.sh
 rm -rf "$folder"
 mkdir -p "$folder/glue" "$folder/licences"
 
+declare -A architecture=([32]=i686 [64]=x86_64)
 for bits in 32 64; do
   build=build/windows$bits
   scripts/build.sh windows$bits VelmarMenu velmar
@@ -21,7 +22,7 @@ for bits in 32 64; do
   mkdir "$folder/win$bits"
   cp "$build/src/com/VelmarMenu.dll" "$folder/win$bits/"
   find "$build/src" -name 'velmar*.exe' -exec cp {} "$folder/win$bits/" \;
-  "$(ls /usr/bin/*-w64-mingw32-strip | head -1)" "$folder/win$bits/"*.exe
+  "${architecture[$bits]}-w64-mingw32-strip" "$folder/win$bits/"*.exe
 done
 
 texts=build/windows64/src/com/texts/velmar_texts

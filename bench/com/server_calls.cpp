@@ -88,4 +88,5 @@ int wmain(int argc, wchar_t** argv) {
     std::fputs("usage: velmar_server_calls VelmarMenu.dll\n", stderr);
     return 2;
   }
+  return 0;
 }
