@@ -4,7 +4,8 @@
 set -euo pipefail
 
 scripts=$(dirname "$(readlink -f "$0")")
-packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev "$@")
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libxxhash-dev libgtest-dev libgmock-dev
+          libfreetype-dev fonts-liberation "$@")
 
 if ! command -v dpkg-query >/dev/null; then
   echo "This is no Debian system: the equivalents of ${packages[*]} are taken to be installed." >&2
@@ -30,5 +31,6 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 
 echo "Installing ${missing[*]} ..." >&2
-"$scripts/quietly.sh" "${as_root[@]}" apt-get update
+"$scripts/quietly.sh" "${as_root[@]}" apt-get \
+  -oAPT::Architectures="$(dpkg --print-architecture)" update
 "$scripts/quietly.sh" "${as_root[@]}" apt-get install -y --no-install-recommends --no-remove "${missing[@]}"

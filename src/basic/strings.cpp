@@ -66,17 +66,19 @@ bool equal_ignoring_case(std::string_view left, std::string_view right) {
   return folded(left) == folded(right);
 }
 
-std::vector<std::string> split(std::string_view text, std::string_view separator) {
+std::vector<std::string> split(std::string_view text, std::string_view separator, Compare compare) {
   if (text.empty()) return {};
+  if (separator.empty()) return {std::string(text)};
+  const std::u16string units = to_utf16(text);
+  const std::u16string in = compare == Compare::text ? folded(text) : units;
+  const std::u16string find = compare == Compare::text ? folded(separator) : to_utf16(separator);
   std::vector<std::string> pieces;
-  if (!separator.empty()) {
-    for (std::size_t at = text.find(separator); at != std::string_view::npos;
-         at = text.find(separator)) {
-      pieces.emplace_back(text.substr(0, at));
-      text.remove_prefix(at + separator.size());
-    }
+  std::size_t from = 0;
+  for (std::size_t at = in.find(find); at != in.npos; at = in.find(find, from)) {
+    pieces.push_back(to_utf8(units.substr(from, at - from)));
+    from = at + find.size();
   }
-  pieces.emplace_back(text);
+  pieces.push_back(to_utf8(units.substr(from)));
   return pieces;
 }
 

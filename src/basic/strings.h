@@ -34,7 +34,8 @@ bool equal_ignoring_case(std::string_view left, std::string_view right);
 
 /// The pieces between separators: none of an empty text, one when the separator is empty or does
 /// not occur.
-std::vector<std::string> split(std::string_view text, std::string_view separator);
+std::vector<std::string> split(std::string_view text, std::string_view separator,
+                               Compare compare = Compare::binary);
 std::string join(std::span<const std::string> pieces, std::string_view separator);
 
 /// Replaces the first `count` occurrences from the left, all of them if it is negative. An empty

@@ -9,7 +9,13 @@ class App;
 namespace velmar::cli {
 
 /// What the program ends with.
-enum class ExitCode { done = 0, method_failed = 1, wrong_usage = 2, drawing_failed = 3 };
+enum class ExitCode {
+  done = 0,
+  method_failed = 1,
+  wrong_usage = 2,
+  drawing_failed = 3,
+  some_failed = 4
+};
 
 /// The work that the command line asks for.
 using Action = std::function<ExitCode()>;
@@ -18,6 +24,10 @@ using Action = std::function<ExitCode()>;
 void add_call(CLI::App& program, Action& action);
 void add_methods(CLI::App& program, Action& action);
 void add_info(CLI::App& program, Action& action);
+void add_script(CLI::App& program, Action& action);
+void add_batch(CLI::App& program, Action& action);
+void add_undo(CLI::App& program, Action& action);
+void add_diff(CLI::App& program, Action& action);
 void add_doctor(CLI::App& program, Action& action);
 
 }  // namespace velmar::cli

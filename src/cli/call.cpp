@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -53,17 +54,6 @@ std::vector<std::string> read_answers(const CallOptions& options) {
   return answers;
 }
 
-void check_saving(const CallOptions& options) {
-  const SavingOptions& saving = options.saving;
-  if (options.drawings.empty() && (saving.in_place || !saving.output.empty())) {
-    throw UsageError("there is no drawing to save: give one with --drawing");
-  }
-  const std::string extension = drawing::utf8_path(saving.output).extension().string();
-  if (!saving.output.empty() && !basic::equal_ignoring_case(extension, ".dxf")) {
-    throw UsageError(saving.output + ": only DXF can be written: the name must end in .dxf");
-  }
-}
-
 ExitCode report(const CallRecord& record, bool json) {
   print(json ? to_text(call_json(record)) : call_text(record));
   if (record.failure) complain(failure_text(*record.failure));
@@ -76,14 +66,15 @@ ExitCode call_method(const CallOptions& options) {
   CallRecord record;
   record.method = &require_method(options.method);
   record.arguments = read_arguments(*record.method, options.words);
-  check_saving(options);
-  const std::vector<std::string> answers = read_answers(options);
+  check_saving(options.saving, options.drawings);
+  embedded::ScriptedInput input(read_answers(options));
   try {
-    Run run(options.drawings, answers);
+    Run run(options.drawings, input, options.saving.journal);
     if (options.saving.dry_run) run.protect_files();
     run.call(record);
-    if (!record.failure && run.answers_left() > 0) {
-      complain("answers that were not asked for: " + std::to_string(run.answers_left()));
+    record.transcript = input.transcript();
+    if (!record.failure && input.left() > 0) {
+      complain("answers that were not asked for: " + std::to_string(input.left()));
     }
     save(run, options.saving, record);
   } catch (const drawing::Error& error) {
@@ -111,10 +102,7 @@ void add_options(CLI::App& command, CallOptions& options) {
   add_list("-a,--answer", options.answers, "The next answer to a question (repeatable)");
   command.add_option("--answers", options.answers_file,
                      "Answers from a file, one a line; - is standard input");
-  command.add_flag("--save", options.saving.in_place, "Save changed drawings in place");
-  command.add_option("-o,--output", options.saving.output,
-                     "Save the active drawing under another name");
-  command.add_flag("--dry-run", options.saving.dry_run, "Run and report, but save nothing");
+  add_saving_options(command, options.saving);
   command.add_flag("--json", options.json, "Write JSON");
 }
 

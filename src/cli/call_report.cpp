@@ -24,6 +24,14 @@ Json changes_json(const DrawingChanges& drawing) {
           {"erased", handles_json(drawing.changes.erased)}};
 }
 
+Json changes_json(const std::vector<DrawingChanges>& drawings) {
+  Json changes = Json::array();
+  for (const DrawingChanges& drawing : drawings) {
+    if (!drawing.changes.empty()) changes.push_back(changes_json(drawing));
+  }
+  return changes;
+}
+
 Json error_json(const CallRecord& record) {
   if (record.failure) return to_json(*record.failure);
   if (record.drawing_failure) return drawing_error(*record.drawing_failure);
@@ -83,16 +91,16 @@ Json call_json(const CallRecord& record) {
   for (const auto& entry : record.transcript) {
     transcript.push_back(std::visit([](const auto& kind) { return entry_json(kind); }, entry));
   }
-  Json changes = Json::array();
-  for (const DrawingChanges& drawing : record.drawings) {
-    if (!drawing.changes.empty()) changes.push_back(changes_json(drawing));
-  }
   return {{"method", record.method->name},
           {"result", to_json(record.result)},
           {"arguments", arguments},
           {"transcript", transcript},
-          {"changes", changes},
+          {"changes", changes_json(record.drawings)},
           {"error", error_json(record)}};
+}
+
+Json script_json(const std::string& file, const CallRecord& all) {
+  return {{"script", file}, {"changes", changes_json(all.drawings)}, {"error", error_json(all)}};
 }
 
 std::string call_text(const CallRecord& record) {

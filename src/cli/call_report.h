@@ -10,6 +10,9 @@ namespace velmar::cli {
 /// The answer of `call --json`.
 Json call_json(const CallRecord& record);
 
+/// What a script did to the drawings, and what stopped it.
+Json script_json(const std::string& file, const CallRecord& all);
+
 /// For people: what the method wrote to the command line, its result, and a line for each drawing
 /// that was changed or saved.
 std::string call_text(const CallRecord& record);

@@ -13,8 +13,40 @@ namespace {
 
 struct InfoOptions {
   std::vector<std::string> drawings;
-  bool json = false;
+  bool json = false, check = false;
 };
+
+/// --check says what is wrong and nothing else.
+std::vector<drawing::Warning> faults(const drawing::Drawing& drawing) {
+  std::vector<drawing::Warning> all = drawing.warnings();
+  for (auto& list : {drawing.check(), drawing.broken_references()}) {
+    all.insert(all.end(), list.begin(), list.end());
+  }
+  return all;
+}
+
+ExitCode check(const InfoOptions& options) {
+  ExitCode result = ExitCode::done;
+  Json all = Json::array();
+  for (const std::string& file : options.drawings) {
+    try {
+      const drawing::Drawing drawing = drawing::Drawing::open(drawing::utf8_path(file));
+      const auto found = faults(drawing);
+      if (!found.empty() && result == ExitCode::done) result = ExitCode::method_failed;
+      if (options.json) {
+        all.push_back(faults_json(file, found));
+      } else {
+        print(faults_text(file, found, drawing.is_binary()));
+      }
+    } catch (const drawing::Error& error) {
+      result = ExitCode::drawing_failed;
+      complain(error.what());
+      all.push_back({{"file", file}, {"error", drawing_error(error.what())}});
+    }
+  }
+  if (options.json) print(to_text(all.size() == 1 ? all.front() : all));
+  return result;
+}
 
 Json survey_json(const std::string& file, bool& failed) {
   try {
@@ -59,8 +91,12 @@ void add_info(CLI::App& program, Action& action) {
       "info", "Show version, layers, layouts, blocks and entity counts of drawings");
   info->add_option("DRAWING", options->drawings, "Drawings to look at")->required();
   info->add_flag("--json", options->json, "Write JSON: an array for more than one drawing");
+  info->add_flag("--check", options->check,
+                 "Only tell what is wrong: values, broken references, names without a definition; "
+                 "exit code 1 where anything is");
   info->callback([options, &action] {
     action = [options] {
+      if (options->check) return check(*options);
       return options->json ? print_json(options->drawings) : print_tables(options->drawings);
     };
   });

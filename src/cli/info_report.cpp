@@ -130,6 +130,21 @@ Json info_json(std::string_view file, const Survey& survey) {
   return json;
 }
 
+Json faults_json(std::string_view file, const std::vector<drawing::Warning>& faults) {
+  Json json = {{"file", file}, {"faults", Json::array()}};
+  for (const auto& fault : faults) json["faults"].push_back(warning_json(fault));
+  return json;
+}
+
+std::string faults_text(std::string_view file, const std::vector<drawing::Warning>& faults,
+                        bool binary) {
+  if (faults.empty()) return printable(file) + ": no faults\n";
+  std::string text = printable(file) + ": " + std::to_string(faults.size()) +
+                     (faults.size() == 1 ? " fault\n" : " faults\n");
+  for (const auto& fault : faults) text += "  " + warning_text(fault, binary) + "\n";
+  return text;
+}
+
 std::string info_text(std::string_view file, const Survey& survey) {
   std::string text = printable(file) + ": " + survey.version +
                      (survey.binary ? ", binary, " : ", text, ") +

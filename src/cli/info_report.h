@@ -14,4 +14,9 @@ Json info_json(std::string_view file, const Survey& survey);
 /// The same for people, some tables under a heading each.
 std::string info_text(std::string_view file, const Survey& survey);
 
+/// The answer of `info --check`: "plan.dxf: no faults", or a line for each.
+Json faults_json(std::string_view file, const std::vector<drawing::Warning>& faults);
+std::string faults_text(std::string_view file, const std::vector<drawing::Warning>& faults,
+                        bool binary);
+
 }  // namespace velmar::cli

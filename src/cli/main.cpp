@@ -19,7 +19,7 @@ using velmar::cli::UsageError;
 
 constexpr const char* exit_codes =
     "Exit codes: 0 done, 1 the method ended with an error, 2 wrong usage,\n"
-    "3 a drawing could not be read or written.\n"
+    "3 a drawing could not be read or written, 4 some drawings of a batch failed.\n"
     "'velmar COMMAND --help' tells more about a command.";
 
 std::string wrong_usage(const CLI::App& program, const std::vector<std::string>& words,
@@ -39,6 +39,10 @@ Action read_command_line(const std::vector<std::string>& words) {
   velmar::cli::add_call(program, action);
   velmar::cli::add_methods(program, action);
   velmar::cli::add_info(program, action);
+  velmar::cli::add_script(program, action);
+  velmar::cli::add_batch(program, action);
+  velmar::cli::add_undo(program, action);
+  velmar::cli::add_diff(program, action);
   velmar::cli::add_doctor(program, action);
   try {
     program.parse(std::vector<std::string>(words.rbegin(), words.rend() - 1));

@@ -17,26 +17,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-embedded::DocumentPointer open(embedded::Application& application, const std::string& file) {
-  const fs::path path = drawing::utf8_path(file);
-  std::error_code ignored;
-  if (fs::is_directory(path, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
-  try {
-    return application.open(path);
-  } catch (const basic::Failure& failure) {
-    throw drawing::Error(failure.description);
-  }
+std::shared_ptr<embedded::Application> start_host(embedded::Input& input,
+                                                  const std::string& journal) {
+  embedded::Options options;
+  if (!journal.empty()) options.journal = fs::absolute(drawing::utf8_path(journal));
+  return embedded::start(input, options);
 }
 
 }  // namespace
 
-Run::Run(std::span<const std::string> files, std::vector<std::string> answers)
-    : input_(std::move(answers)), application_(embedded::start(input_)) {
+Run::Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal)
+    : application_(start_host(input, journal)), velmar_(system::user_system()) {
   embedded::DocumentPointer first;
   for (const std::string& file : files) {
-    const embedded::DocumentPointer document = open(*application_, file);
-    show_warnings(file, document->drawing);
-    given_names_.emplace(document->drawing.path().string(), file);
+    const embedded::DocumentPointer document = open(file);
     if (!first) first = document;
   }
   if (first) application_->activate(first);
@@ -48,14 +42,30 @@ Run::~Run() {
   install_host_factory({});
 }
 
+embedded::DocumentPointer Run::open(const std::string& file) {
+  const fs::path path = drawing::utf8_path(file);
+  std::error_code ignored;
+  if (fs::is_directory(path, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
+  try {
+    const embedded::DocumentPointer document = application_->open(path);
+    show_warnings(file, document->drawing);
+    given_names_.emplace(document->drawing.path().string(), file);
+    return document;
+  } catch (const basic::Failure& failure) {
+    throw drawing::Error(failure.description);
+  }
+}
+
+void Run::activate(const embedded::DocumentPointer& document) { application_->activate(document); }
+
+void Run::close(const embedded::DocumentPointer& document) { application_->close(document); }
+
 void Run::call(CallRecord& record) {
   try {
-    Velmar16 velmar(system::user_system());
-    record.result = velmar::call(velmar, *record.method, record.arguments);
+    record.result = velmar::call(velmar_, *record.method, record.arguments);
   } catch (const basic::Failure& failure) {
     record.failure = failure;
   }
-  record.transcript = input_.transcript();
 }
 
 std::vector<embedded::DocumentPointer> Run::documents() const { return application_->documents(); }

@@ -7,26 +7,32 @@
 #include <vector>
 
 #include "cli/call_record.h"
+#include "component/velmar16.h"
 #include "embedded/application.h"
 #include "embedded/document_state.h"
-#include "embedded/scripted_input.h"
+#include "embedded/input.h"
 
 namespace velmar::cli {
 
 /// The embedded host with the drawings of one call, and the user's answers. One at a time.
 class Run {
  public:
-  /// Opens the drawings and shows their warnings; the first one is active. Fails with
-  /// drawing::Error.
-  Run(std::span<const std::string> files, std::vector<std::string> answers);
+  /// Opens the drawings and shows their warnings; the first one is active. Saves are noted in the
+  /// journal, if one is named. Fails with drawing::Error.
+  Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal = {});
   ~Run();
   Run(const Run&) = delete;
   Run& operator=(const Run&) = delete;
 
-  /// Calls the record's method with its arguments and fills in what came of it.
+  /// Opens a drawing as the constructor does.
+  embedded::DocumentPointer open(const std::string& file);
+  void activate(const embedded::DocumentPointer& document);
+  /// Without saving.
+  void close(const embedded::DocumentPointer& document);
+  /// Calls the record's method with its arguments and fills in result or failure. All calls are of
+  /// one object.
   void call(CallRecord& record);
 
-  std::size_t answers_left() const { return input_.left(); }
   /// What is open now.
   std::vector<embedded::DocumentPointer> documents() const;
   /// Null where nothing is open.
@@ -37,8 +43,8 @@ class Run {
   void protect_files();
 
  private:
-  embedded::ScriptedInput input_;
   std::shared_ptr<embedded::Application> application_;
+  Velmar16 velmar_;
   std::map<std::string, std::string> given_names_;  // by whole path
 };
 

@@ -1,6 +1,11 @@
 #include "cli/saving.h"
 
+#include <CLI/CLI.hpp>
+#include <filesystem>
+
+#include "basic/strings.h"
 #include "cli/console.h"
+#include "cli/usage_error.h"
 #include "drawing/utf8_path.h"
 
 namespace velmar::cli {
@@ -13,12 +18,27 @@ std::string target_of(const std::string& file, bool is_active, bool is_changed,
   return options.in_place && is_changed ? file : std::string();
 }
 
-void save_to(embedded::DocumentState& document, const std::string& target, CallRecord& record) {
+/// The content that a save is about to replace, under the same name with ".bak" behind it.
+void keep_backup(const std::string& target) {
+  const std::filesystem::path from = drawing::utf8_path(target);
+  std::error_code error;
+  if (!std::filesystem::exists(from, error)) return;
+  std::filesystem::copy_file(from, drawing::utf8_path(target + ".bak"),
+                             std::filesystem::copy_options::overwrite_existing, error);
+  if (error) {
+    throw drawing::Error(target + ".bak: cannot be written: " + error.message() +
+                         "; nothing was saved");
+  }
+}
+
+void save_to(embedded::DocumentState& document, const std::string& target, bool backup,
+             CallRecord& record) {
   try {
     const bool in_place = record.drawings.back().drawing == target;
     if (in_place && document.read_only) {
       throw drawing::Error(target + ": is write-protected; give --output to save elsewhere");
     }
+    if (backup) keep_backup(target);
     document.drawing.save(drawing::utf8_path(target));
     record.drawings.back().saved_to = target;
   } catch (const drawing::Error& error) {
@@ -36,6 +56,26 @@ void tell_unsaved(const std::string& file, const SavingOptions& options, bool me
 
 }  // namespace
 
+void add_saving_options(CLI::App& command, SavingOptions& options) {
+  command.add_flag("--save", options.in_place, "Save changed drawings in place");
+  command.add_option("-o,--output", options.output, "Save the active drawing under another name");
+  command.add_flag("--dry-run", options.dry_run, "Run and report, but save nothing");
+  command.add_flag("--backup", options.backup,
+                   "Keep what a save replaces, with .bak behind its name");
+  command.add_option("--journal", options.journal,
+                     "Note in this file what each save replaces, for 'velmar undo'");
+}
+
+void check_saving(const SavingOptions& options, std::span<const std::string> drawings) {
+  if (drawings.empty() && (options.in_place || !options.output.empty())) {
+    throw UsageError("there is no drawing to save: give one with --drawing");
+  }
+  const std::string extension = drawing::utf8_path(options.output).extension().string();
+  if (!options.output.empty() && !basic::equal_ignoring_case(extension, ".dxf")) {
+    throw UsageError(options.output + ": only DXF can be written: the name must end in .dxf");
+  }
+}
+
 void save(const Run& run, const SavingOptions& options, CallRecord& record) {
   const bool may_save = !options.dry_run && !record.failure;
   const embedded::DocumentPointer active = run.active();
@@ -50,7 +90,7 @@ void save(const Run& run, const SavingOptions& options, CallRecord& record) {
     if (target.empty()) {
       tell_unsaved(file, options, record.failure.has_value());
     } else {
-      save_to(*document, target, record);
+      save_to(*document, target, options.backup, record);
     }
   }
 }

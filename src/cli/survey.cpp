@@ -76,7 +76,7 @@ void survey_blocks(const Drawing& of, Survey& result) {
   const std::vector<std::size_t> inserts = count_inserts(of);
   for (std::uint32_t i = 0; i < of.spaces().size(); ++i) {
     const drawing::Space& space = of.spaces()[i];
-    if (space.is_layout) continue;
+    if (space.is_layout || space.erased) continue;
     const std::size_t entities = of.entity_count(static_cast<SpaceId>(i));
     result.blocks.push_back({space.name, entities, space.is_xref(), inserts[i]});
   }

@@ -1,5 +1,7 @@
+#include "drawing/checker.h"
 #include "drawing/drawing.h"
 #include "drawing/dxf/record_tags.h"
+#include "drawing/erasing.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -48,6 +50,15 @@ std::vector<Warning> Drawing::check() const {
     }
   }
   return found;
+}
+
+std::vector<Warning> Drawing::broken_references() const {
+  settle_erased(*store_);
+  Faults faults(*store_);
+  check_handles(*store_, faults);
+  check_names(*store_, faults);
+  check_structure(*store_, faults);
+  return faults.list();
 }
 
 }  // namespace velmar::drawing

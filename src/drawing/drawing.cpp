@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "drawing/dictionaries.h"
 #include "drawing/dxf/loader.h"
 #include "drawing/dxf/record_reader.h"
 #include "drawing/dxf/record_tags.h"
+#include "drawing/references.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -52,11 +54,14 @@ std::optional<std::string> Drawing::header(std::string_view name) const {
   return value;
 }
 
-std::optional<Box> Drawing::header_extents() const {
+std::optional<Box> Drawing::header_extents() const { return header_box("$EXTMIN", "$EXTMAX"); }
+
+std::optional<Box> Drawing::header_box(std::string_view low_name,
+                                       std::string_view high_name) const {
   if (store_->landmarks.header == RecordId::none) return std::nullopt;
   const dxf::RecordReader reader(store_->bytes(store_->landmarks.header), store_->format);
-  const auto low = reader.point_variable("$EXTMIN");
-  const auto high = reader.point_variable("$EXTMAX");
+  const auto low = reader.point_variable(low_name);
+  const auto high = reader.point_variable(high_name);
   if (!low || !high) return std::nullopt;
   const Box box{*low, *high};
   if (box.empty()) return std::nullopt;
@@ -79,30 +84,7 @@ std::string_view Drawing::kind_name(RecordId id) const {
 }
 std::uint64_t Drawing::edition() const { return store_->edition; }
 
-RecordId Drawing::find(Handle handle) const {
-  const auto& order = store_->by_handle;
-  if (handle == 0 || order.empty()) return RecordId::none;
-  const auto handle_at = [&](std::size_t i) { return store_->records[order[i]].handle; };
-  // Who looks up one entity after the other finds each a little behind the one before.
-  std::size_t low = std::min(store_->latest_find, order.size() - 1), high = order.size();
-  if (handle_at(low) > handle) {
-    high = low;
-    low = 0;
-  }
-  for (std::size_t step = 1; low + step < high; step *= 2) {
-    if (handle_at(low + step) > handle) {
-      high = low + step;
-      break;
-    }
-    low += step;
-  }
-  while (high - low > 1) {
-    const std::size_t middle = low + (high - low) / 2;
-    (handle_at(middle) > handle ? high : low) = middle;
-  }
-  store_->latest_find = low;
-  return handle_at(low) == handle ? static_cast<RecordId>(order[low]) : RecordId::none;
-}
+RecordId Drawing::find(Handle handle) const { return store_->find(handle); }
 
 std::vector<RecordId> Drawing::entities(SpaceId space) const {
   std::vector<RecordId> alive = store_->spaces.at(index(space)).entities;
@@ -132,10 +114,37 @@ std::vector<RecordId> Drawing::parts(RecordId id) const {
 }
 
 bool Drawing::has_extension_dictionary(RecordId id) const {
+  return extension_dictionary(id) != RecordId::none;
+}
+
+RecordId Drawing::extension_dictionary(RecordId id) const {
   const dxf::RecordTags record(store_->bytes(id), store_->format);
-  return std::any_of(record.tags().begin(), record.tags().end(), [&](const dxf::Tag& tag) {
-    return tag.code == 102 && record.text(tag) == "{ACAD_XDICTIONARY";
+  bool is_it = false;
+  for (const dxf::Tag& tag : record.tags()) {
+    if (tag.code == 102) is_it = record.text(tag) == "{ACAD_XDICTIONARY";
+    if (!is_it || reference_of(tag.code) == Reference::none) continue;
+    const RecordId found = find(parse_handle(record.text(tag)));
+    const bool is_there = found != RecordId::none && !store_->at(found).is(Record::erased);
+    return is_there ? found : RecordId::none;
+  }
+  return RecordId::none;
+}
+
+RecordId Drawing::root_dictionary() const { return drawing::root_dictionary(*store_); }
+RecordId Drawing::named_dictionary(std::string_view name) const {
+  return drawing::named_dictionary(*store_, name);
+}
+Handle Drawing::owner(RecordId id) const { return owner_named(store_->bytes(id), store_->format); }
+std::vector<RecordId> Drawing::pointed_to(RecordId id) const {
+  std::vector<RecordId> found;
+  each_reference(store_->bytes(id), store_->format, [&](const dxf::Tag& tag, Handle handle) {
+    if (tag.code != 340) return;
+    if (const RecordId record = find(handle); record != RecordId::none) found.push_back(record);
   });
+  return found;
+}
+std::vector<DictionaryEntry> Drawing::dictionary_entries(RecordId dictionary) const {
+  return drawing::dictionary_entries(*store_, dictionary);
 }
 
 RecordId Drawing::whole(RecordId part) const { return store_->whole(part); }

@@ -1,10 +1,14 @@
 #include <algorithm>
 
+#include "drawing/dimension/drawn_block.h"
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_reader.h"
 #include "drawing/dxf/field_writer.h"
+#include "drawing/dxf/reactors.h"
 #include "drawing/dxf/record_edit.h"
+#include "drawing/erasing.h"
 #include "drawing/store.h"
+#include "drawing/tolerance_style.h"
 
 namespace velmar::drawing {
 namespace {
@@ -33,6 +37,32 @@ Body empty_body(Kind kind) {
       return Insert{};
     case Kind::point:
       return PointMark{};
+    case Kind::mtext:
+      return MText{};
+    case Kind::tolerance:
+      return Tolerance{};
+    case Kind::hatch:
+      return Hatch{};
+    case Kind::solid:
+      return Solid{};
+    case Kind::trace:
+      return Trace{};
+    case Kind::face3d:
+      return Face{};
+    case Kind::spline:
+      return Spline{};
+    case Kind::leader:
+      return Leader{};
+    case Kind::ray:
+      return Ray{};
+    case Kind::xline:
+      return Xline{};
+    case Kind::ole2frame:
+      return OleFrame{};
+    case Kind::dimension:
+      return Dimension{};
+    case Kind::region:
+      return Region{};
     default:
       return Opaque{};
   }
@@ -103,8 +133,21 @@ NewRecord new_record(const Body& body) {
     }
     NewRecord operator()(const Text&) const { return {"TEXT"}; }
     NewRecord operator()(const PointMark&) const { return {"POINT"}; }
+    NewRecord operator()(const Hatch&) const { return {"HATCH"}; }
+    NewRecord operator()(const Solid&) const { return {"SOLID"}; }
+    NewRecord operator()(const Trace&) const { return {"TRACE"}; }
+    NewRecord operator()(const Face&) const { return {"3DFACE"}; }
+    NewRecord operator()(const Spline&) const { return {"SPLINE"}; }
+    NewRecord operator()(const Leader&) const { return {"LEADER"}; }
+    NewRecord operator()(const Ray&) const { return {"RAY"}; }
+    NewRecord operator()(const Xline&) const { return {"XLINE"}; }
+    NewRecord operator()(const Region&) const { return {}; }  // never made here
+    NewRecord operator()(const OleFrame&) const { return {"OLE2FRAME"}; }
+    NewRecord operator()(const Dimension&) const { return {"DIMENSION"}; }
     NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
     NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
+    NewRecord operator()(const MText&) const { return {"MTEXT"}; }
+    NewRecord operator()(const Tolerance&) const { return {"TOLERANCE"}; }
     NewRecord operator()(const Insert& insert) const {
       return {"INSERT", insert.is_array() ? "AcDbMInsertBlock" : "AcDbBlockReference"};
     }
@@ -191,12 +234,6 @@ void add_seqend(Store& store, const Place& place, const Common& common) {
   add_record(store, place, {"SEQEND"}, common_of_part(common), Opaque{}, Record::part);
 }
 
-void mark_erased(Store& store, RecordId id) {
-  store.any_erased = true;
-  store.at(id).flags |= Record::erased;
-  if (!store.at(id).is(Record::added)) store.touched.insert(static_cast<std::uint32_t>(id));
-}
-
 /// Writes the vertices of a polyline into its VERTEX records; adds or erases some at the end where
 /// the number differs.
 void write_vertices(Store& store, RecordId id, const std::vector<RecordId>& parts,
@@ -237,6 +274,27 @@ Polyline heavy(const LwPolyline& light) {
   return polyline;
 }
 
+/// Kinds that R12 has not, though it has others like them.
+void refuse_in_r12(const Store& store, const Body& body) {
+  constexpr std::string_view newer[] = {"ELLIPSE", "MTEXT", "TOLERANCE", "HATCH",    "SPLINE",
+                                        "LEADER",  "RAY",   "XLINE",     "OLE2FRAME"};
+  const std::string_view kind = new_record(body).kind;
+  if (std::ranges::find(newer, kind) != std::end(newer)) {
+    const bool is_vowel = kind == "ELLIPSE" || kind == "OLE2FRAME";
+    throw Error(store.name + ": an R12 drawing cannot hold " + (is_vowel ? "an " : "a ") +
+                std::string(kind));
+  }
+}
+
+/// What a copy of a hatch is where the original follows its boundaries: they know that one alone.
+std::optional<Body> detached(const Drawing& drawing, RecordId id) {
+  if (drawing.record(id).kind != Kind::hatch) return std::nullopt;
+  Body body = drawing.read_body(id);
+  if (std::get<Hatch>(body).associative == 0) return std::nullopt;
+  detach(std::get<Hatch>(body));
+  return body;
+}
+
 }  // namespace
 
 Entity Drawing::read(RecordId id) const { return {read_common(id), read_body(id)}; }
@@ -248,6 +306,24 @@ Common Drawing::read_common(RecordId id) const {
   return common;
 }
 
+std::string Drawing::read_linetype_name(RecordId id) const {
+  constexpr int marker_code = 100, linetype_code = 6;
+  const std::string_view bytes = store_->bytes(id);
+  dxf::TagCursor cursor(bytes, store_->format);
+  dxf::Tag tag;
+  bool is_common = false, in_group = false;
+  while (cursor.next(tag)) {
+    if (tag.code == 102) in_group = tag.text(bytes).starts_with('{');
+    if (tag.code == linetype_code && is_common && !in_group) {
+      return dxf::text_value(bytes, tag, store_->format);
+    }
+    if (tag.code != marker_code) continue;
+    if (is_common) return Common().linetype;
+    is_common = tag.text(bytes) == "AcDbEntity";
+  }
+  return read_common(id).linetype;
+}
+
 Body Drawing::read_body(RecordId id) const {
   Body body = empty_body(store_->at(id).kind);
   std::visit([&](auto& shape) { read_record(*store_, id, shape); }, body);
@@ -256,6 +332,8 @@ Body Drawing::read_body(RecordId id) const {
       read_record(*store_, part, polyline->vertices.emplace_back());
     }
   }
+  apply_style(body);
+  if (auto* tolerance = std::get_if<Tolerance>(&body)) read_overrides(*tolerance, read_xdata(id));
   return body;
 }
 
@@ -277,6 +355,10 @@ void Drawing::write_body(RecordId id, const Body& body) {
   if (const auto* polyline = std::get_if<Polyline>(&body)) {
     write_vertices(*store_, id, parts(id), *polyline);
   }
+  if (const auto* tolerance = std::get_if<Tolerance>(&body)) {
+    const XData before = read_xdata(id), after = with_overrides(*store_, *this, *tolerance, before);
+    if (after != before) write_xdata(id, after);
+  }
 }
 
 RecordId Drawing::add(SpaceId space, const Entity& entity) {
@@ -284,9 +366,7 @@ RecordId Drawing::add(SpaceId space, const Entity& entity) {
     if (const auto* light = std::get_if<LwPolyline>(&entity.body)) {
       return add(space, {entity.common, heavy(*light)});
     }
-    if (std::holds_alternative<Ellipse>(entity.body)) {
-      throw Error(store_->name + ": an R12 drawing cannot hold an ELLIPSE");
-    }
+    refuse_in_r12(*store_, entity.body);
   }
   const NewRecord names = new_record(entity.body);
   if (names.kind.empty() || names.kind == "ATTRIB") {
@@ -312,25 +392,27 @@ RecordId Drawing::add(SpaceId space, const Entity& entity) {
   return id;
 }
 
-void Drawing::erase(RecordId id) {
-  const auto number = static_cast<std::uint32_t>(id);
-  if (store_->at(id).is(Record::erased)) return;
-  ++store_->edition;
-  for (RecordId part = store_->next(id);
-       !store_->at(id).is(Record::part) && index(part) < store_->records.size() &&
-       store_->at(part).is(Record::part);
-       part = store_->next(part)) {
-    mark_erased(*store_, part);
-    store_->modified_since_save.erase(static_cast<std::uint32_t>(part));
+RecordId Drawing::add_reference(SpaceId space, const Common& common, Insert insert,
+                                const std::vector<Entity>& attributes) {
+  insert.attributes_follow = attributes.empty() ? 0 : 1;
+  Place place{end_of(*store_, space), space, owner_of(*store_, space), is_paper(*store_, space)};
+  const RecordId id = add_record(*store_, place, new_record(Body(insert)), common, insert);
+  if (place.owner) place.owner = store_->at(id).handle;
+  for (const Entity& attribute : attributes) {
+    add_record(*store_, place, {"ATTRIB"}, attribute.common, std::get<Attrib>(attribute.body),
+               Record::part);
   }
-  mark_erased(*store_, id);
-  store_->modified_since_save.erase(number);
-  if (store_->added_since_save.erase(number) == 0) store_->erased_since_save.insert(number);
+  if (!attributes.empty()) add_seqend(*store_, place, common);
+  store_->spaces[index(space)].entities.push_back(id);
+  return id;
 }
+
+void Drawing::erase(RecordId id) { erase_entity(*store_, id); }
 
 RecordId Drawing::copy(RecordId id) { return copy_to(id, store_->at(id).space); }
 
 RecordId Drawing::copy_to(RecordId id, SpaceId space) {
+  const std::optional<Body> body = detached(*this, id);
   const RecordId before = end_of(*store_, space);
   std::vector<RecordId> originals{id};
   for (RecordId part = store_->next(id);
@@ -358,7 +440,19 @@ RecordId Drawing::copy_to(RecordId id, SpaceId space) {
   }
   store_->added_since_save.insert(static_cast<std::uint32_t>(made));
   store_->spaces[index(space)].entities.push_back(made);
+  if (body) write_body(made, *body);
+  if (store_->at(made).kind == Kind::dimension) copy_drawn_block(*this, made);
   return made;
+}
+
+void Drawing::add_reactor(RecordId id, Handle reactor) {
+  if (!store_->format.has_subclasses()) return;
+  store_->patch(id, dxf::with_reactor(store_->bytes(id), reactor, store_->format));
+}
+
+void Drawing::remove_reactor(RecordId id, Handle reactor) {
+  std::string bytes = dxf::without_reactor(store_->bytes(id), reactor, store_->format);
+  if (bytes != store_->bytes(id)) store_->patch(id, std::move(bytes));
 }
 
 }  // namespace velmar::drawing

@@ -7,13 +7,24 @@
 #include "drawing/entities/attrib.h"
 #include "drawing/entities/circle.h"
 #include "drawing/entities/common.h"
+#include "drawing/entities/dimension.h"
 #include "drawing/entities/ellipse.h"
+#include "drawing/entities/face.h"
+#include "drawing/entities/hatch.h"
 #include "drawing/entities/insert.h"
+#include "drawing/entities/leader.h"
 #include "drawing/entities/line.h"
 #include "drawing/entities/lwpolyline.h"
+#include "drawing/entities/mtext.h"
+#include "drawing/entities/ole_frame.h"
 #include "drawing/entities/point_mark.h"
 #include "drawing/entities/polyline.h"
+#include "drawing/entities/ray.h"
+#include "drawing/entities/region.h"
+#include "drawing/entities/solid.h"
+#include "drawing/entities/spline.h"
 #include "drawing/entities/text.h"
+#include "drawing/entities/tolerance.h"
 
 namespace velmar::drawing {
 
@@ -25,7 +36,8 @@ void fields(Fields&, Opaque&) {}
 
 /// One alternative for each kind that has fields.
 using Body = std::variant<Opaque, Line, Arc, Circle, Ellipse, LwPolyline, Polyline, Text, Attrib,
-                          Attdef, Insert, PointMark>;
+                          Attdef, Insert, PointMark, MText, Tolerance, Hatch, Solid, Trace, Face,
+                          Spline, Leader, Ray, Xline, OleFrame, Dimension, Region>;
 
 struct Entity {
   Common common;

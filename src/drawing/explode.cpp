@@ -80,10 +80,24 @@ Bodies images_of(const Shape& shape, const Matrix& matrix) {
   return moved(shape, matrix);
 }
 
+bool only_moves(const Matrix& matrix) {
+  return matrix.x == x_axis && matrix.y == y_axis && matrix.z == z_axis;
+}
+
 Bodies images_of(const Opaque& opaque, const Matrix& matrix) {
-  const bool is_identity =
-      matrix.x == x_axis && matrix.y == y_axis && matrix.z == z_axis && matrix({}) == Point{};
-  return is_identity ? Bodies{opaque} : Bodies{};
+  return only_moves(matrix) && matrix({}) == Point{} ? Bodies{opaque} : Bodies{};
+}
+
+/// Its shape is read, but not written.
+Bodies images_of(const Region& region, const Matrix& matrix) {
+  return only_moves(matrix) && matrix({}) == Point{} ? Bodies{region} : Bodies{};
+}
+
+/// A frame cannot turn.
+Bodies images_of(const OleFrame& frame, const Matrix& matrix) {
+  const double size = matrix.x.x;
+  const bool is_upright = size > 0 && matrix.x == x_axis * size && matrix.y == y_axis * size;
+  return is_upright ? moved(frame, matrix) : Bodies{};
 }
 
 Bodies images_of(const Circle& circle, const Matrix& matrix) {

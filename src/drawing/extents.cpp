@@ -1,6 +1,8 @@
 #include "drawing/extents.h"
 
+#include "drawing/dimension/drawn_block.h"
 #include "drawing/explode.h"
+#include "drawing/geometry/ocs.h"
 
 namespace velmar::drawing {
 namespace {
@@ -22,11 +24,28 @@ class Walk {
     Body body = drawing_.read(id).body;
     if (const auto* insert = std::get_if<Insert>(&body))
       return reference(id, *insert, place, depth);
+    if (const auto* dimension = std::get_if<Dimension>(&body))
+      return drawn(id, *dimension, place, depth);
     if (!moved) return std::visit(visitor_, body);
     for (const Body& image : images(body, place)) std::visit(visitor_, image);
   }
 
  private:
+  /// What a dimension shows: its block, else what it would.
+  void drawn(RecordId id, const Dimension& dimension, const Matrix& place, int depth) {
+    if (depth > deepest_nesting) throw nested(id, "is nested too deeply, perhaps in itself");
+    const auto block = drawing_.find_space(dimension.block);
+    if (!block || drawing_.spaces()[index(*block)].is_layout) {
+      for (const Entity& part : drawn_content(drawing_, id)) {
+        for (const Body& image : images(part.body, place)) std::visit(visitor_, image);
+      }
+      return;
+    }
+    const Point offset = ocs_to_world(dimension.normal).direction(dimension.block_offset);
+    const Matrix here = place * translation(offset);
+    for (const RecordId inner : drawing_.entities(*block)) entity(inner, here, true, depth + 1);
+  }
+
   void reference(RecordId id, const Insert& insert, const Matrix& place, int depth) {
     if (depth > deepest_nesting) throw nested(id, "is nested too deeply, perhaps in itself");
     for (const RecordId attribute : drawing_.parts(id)) {
@@ -49,7 +68,8 @@ class Walk {
   }
 
   Error nested(RecordId id, const std::string& what) const {
-    return Error("INSERT #" + handle_text(drawing_.record(id).handle) + " " + what);
+    return Error(std::string(drawing_.kind_name(id)) + " #" +
+                 handle_text(drawing_.record(id).handle) + " " + what);
   }
 
   const Drawing& drawing_;
@@ -69,7 +89,9 @@ struct OutlinesOf {
   std::vector<std::vector<Point>> chains;
   template <class Shape>
   void operator()(const Shape& shape) {
-    if constexpr (requires { outline(shape); }) {
+    if constexpr (requires { outlines(shape); }) {
+      for (auto& chain : outlines(shape)) chains.push_back(std::move(chain));
+    } else if constexpr (requires { outline(shape); }) {
       if (auto chain = outline(shape); !chain.empty()) chains.push_back(std::move(chain));
     }
   }

@@ -24,4 +24,10 @@ bool same_name(std::string_view a, std::string_view b) {
   return a.empty() && b.empty();
 }
 
+std::string folded_name(std::string_view name) {
+  std::string result;
+  while (!name.empty()) append_utf8(result, folded(take_character(name)));
+  return result;
+}
+
 }  // namespace velmar::drawing

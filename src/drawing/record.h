@@ -24,12 +24,13 @@ constexpr RecordId operator+(RecordId id, std::uint32_t n) {
 /// for each group 0 of the file, in the order of the file, then those added since.
 struct Record {
   enum Flag : std::uint16_t {
-    part = 1,            // a VERTEX, ATTRIB or SEQEND, which belongs to the entity before it
-    erased = 2,          // erased since opening
-    added = 4,           // not in the file it was read from
-    patched = 8,         // has bytes of its own in place of the file's
-    damaged = 16,        // a line of it is no DXF; kept as it is
-    handle_is_ours = 32  // the file gives none, or one that another record has
+    part = 1,             // a VERTEX, ATTRIB or SEQEND, which belongs to the entity before it
+    erased = 2,           // erased since opening
+    added = 4,            // not in the file it was read from
+    patched = 8,          // has bytes of its own in place of the file's
+    damaged = 16,         // a line of it is no DXF; kept as it is
+    handle_is_ours = 32,  // the file gives none, or one that another record has
+    moved = 64            // of the source, but saved at another place of it
   };
 
   std::size_t begin = 0;  // offset of its group 0 in the source
@@ -43,6 +44,8 @@ struct Record {
       0;  // of Drawing::object_name, where it depends on the record; 0: not known yet
 
   bool is(Flag flag) const { return (flags & flag) != 0; }
+  /// Saved before some record of the source, not where the source has it.
+  bool is_placed() const { return (flags & (added | moved)) != 0; }
 };
 static_assert(sizeof(Record) == 32);
 

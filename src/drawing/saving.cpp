@@ -1,6 +1,8 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/record_edit.h"
+#include "drawing/erasing.h"
 #include "drawing/file_writer.h"
+#include "drawing/journal.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -29,8 +31,9 @@ class Pieces {
         header_pending = false;
         replace(next, header_);
       } else if (is_touched) {
-        const bool erased = store.records[next].is(Record::erased);
-        replace(next, erased ? std::string_view() : store.bytes(static_cast<RecordId>(next)));
+        const Record& record = store.records[next];
+        const bool gone = record.is(Record::erased) || record.is(Record::moved);
+        replace(next, gone ? std::string_view() : store.bytes(static_cast<RecordId>(next)));
       }
     }
     take_source(store.source.bytes().size());
@@ -73,16 +76,46 @@ class Pieces {
   std::size_t copied_ = 0;
 };
 
+/// What a dimension is drawn with is told of as the dimension.
+bool is_in_drawn_block(const Store& store, std::uint32_t record) {
+  const SpaceId space = store.records[record].space;
+  return space != SpaceId::none && store.spaces[index(space)].name.starts_with("*D");
+}
+
 std::vector<Handle> handles_of(const Store& store, const std::set<std::uint32_t>& records) {
   std::vector<Handle> handles;
   handles.reserve(records.size());
-  for (const std::uint32_t record : records) handles.push_back(store.records[record].handle);
+  for (const std::uint32_t record : records) {
+    if (!is_in_drawn_block(store, record)) handles.push_back(store.records[record].handle);
+  }
   return handles;
+}
+
+/// What the save is about to do. The old content is the source where the target is the file that
+/// this drawing was read from, also after saves since then.
+SaveEntry save_entry(const Store& store, const std::filesystem::path& path, bool same_file,
+                     const std::vector<std::string_view>& pieces) {
+  SaveEntry entry{std::filesystem::absolute(path), {}, mark_of(pieces), {}};
+  if (same_file) {
+    const std::string_view before = store.source.bytes();
+    entry.before = mark_of({before});
+    entry.old = old_runs(before, pieces);
+  } else if (std::filesystem::exists(path) && std::filesystem::file_size(path) > 0) {
+    const Source replaced = Source::map(path);
+    entry.before = mark_of({replaced.bytes()});
+    entry.old = old_runs(replaced.bytes(), {});
+  }
+  return entry;
 }
 
 }  // namespace
 
+void Drawing::keep_journal(std::shared_ptr<Journal> journal) {
+  store_->journal = std::move(journal);
+}
+
 Changes Drawing::changes() const {
+  settle_erased(*store_);
   return {handles_of(*store_, store_->added_since_save),
           handles_of(*store_, store_->modified_since_save),
           handles_of(*store_, store_->erased_since_save)};
@@ -99,9 +132,13 @@ void Drawing::save(const std::filesystem::path& path) {
                 ": has changed since it was opened; nothing was saved. Open it again, or save "
                 "under another name");
   }
+  settle_erased(*store_);
   const Pieces pieces(*store_);
   FileWriter file(path);
   file.write(pieces.list());
+  if (store_->journal) {
+    store_->journal->add(save_entry(*store_, path, same_file, pieces.list()));
+  }
   file.finish();
   store_->path = path;
   store_->name = path.string();
@@ -113,6 +150,7 @@ void Drawing::save(const std::filesystem::path& path) {
 }
 
 std::string Drawing::bytes() const {
+  settle_erased(*store_);
   const Pieces pieces(*store_);
   std::string bytes;
   for (const std::string_view piece : pieces.list()) bytes += piece;

@@ -38,22 +38,55 @@ Kind Store::kind_named(std::string_view wanted) {
   return static_cast<Kind>(count);
 }
 
-RecordId Store::next(RecordId id) const {
-  std::uint32_t following = static_cast<std::uint32_t>(id) + 1;
-  if (at(id).is(Record::added)) {
-    const std::uint32_t anchor = anchors.at(static_cast<std::uint32_t>(id));
-    const auto& line = added_before.at(anchor);
-    const auto place = std::find(line.begin(), line.end(), id) + 1;
-    return place == line.end() ? static_cast<RecordId>(anchor) : *place;
+/// The record saved first at a position of the source or behind it.
+RecordId Store::first_at(std::uint32_t position) const {
+  for (;; ++position) {
+    const auto added = added_before.find(position);
+    if (added != added_before.end() && !added->second.empty()) return added->second.front();
+    if (position >= source_count || !records[position].is(Record::moved)) {
+      return static_cast<RecordId>(position);
+    }
   }
-  const auto added = added_before.find(following);
-  if (added != added_before.end() && !added->second.empty()) return added->second.front();
-  return static_cast<RecordId>(following);
+}
+
+RecordId Store::find(Handle handle) const {
+  const auto& order = by_handle;
+  if (handle == 0 || order.empty()) return RecordId::none;
+  const auto handle_at = [&](std::size_t i) { return records[order[i]].handle; };
+  // Who looks up one entity after the other finds each a little behind the one before.
+  std::size_t low = std::min(latest_find, order.size() - 1), high = order.size();
+  if (handle_at(low) > handle) {
+    high = low;
+    low = 0;
+  }
+  for (std::size_t step = 1; low + step < high; step *= 2) {
+    if (handle_at(low + step) > handle) {
+      high = low + step;
+      break;
+    }
+    low += step;
+  }
+  while (high - low > 1) {
+    const std::size_t middle = low + (high - low) / 2;
+    (handle_at(middle) > handle ? high : low) = middle;
+  }
+  latest_find = low;
+  return handle_at(low) == handle ? static_cast<RecordId>(order[low]) : RecordId::none;
+}
+
+RecordId Store::next(RecordId id) const {
+  if (!at(id).is_placed()) return first_at(static_cast<std::uint32_t>(id) + 1);
+  const std::uint32_t anchor = anchors.at(static_cast<std::uint32_t>(id));
+  const auto& line = added_before.at(anchor);
+  const auto place = std::find(line.begin(), line.end(), id) + 1;
+  if (place != line.end()) return *place;
+  const bool is_there = anchor >= source_count || !records[anchor].is(Record::moved);
+  return is_there ? static_cast<RecordId>(anchor) : first_at(anchor + 1);
 }
 
 RecordId Store::whole(RecordId part) const {
   if (!at(part).is(Record::part)) return part;
-  if (at(part).is(Record::added)) {
+  if (at(part).is_placed()) {
     const std::uint32_t anchor = anchors.at(static_cast<std::uint32_t>(part));
     const auto& line = added_before.at(anchor);
     for (auto place = std::find(line.begin(), line.end(), part); place != line.begin();) {
@@ -62,7 +95,7 @@ RecordId Store::whole(RecordId part) const {
     part = static_cast<RecordId>(anchor - 1);  // added to an entity of the source
   }
   std::size_t i = index(part);
-  while (i > 0 && records[i].is(Record::part)) --i;
+  while (i > 0 && (records[i].is(Record::part) || records[i].is(Record::moved))) --i;
   return static_cast<RecordId>(i);
 }
 
@@ -87,14 +120,16 @@ RecordId Store::add(RecordId before, Record record, std::string bytes) {
   const auto number = static_cast<std::uint32_t>(records.size());
   const auto id = static_cast<RecordId>(number);
   record.flags |= Record::added;
-  const bool beside_added = index(before) < records.size() && at(before).is(Record::added);
+  const bool beside_added = index(before) < records.size() && at(before).is_placed();
   const std::uint32_t anchor = beside_added ? anchors.at(static_cast<std::uint32_t>(before))
                                             : static_cast<std::uint32_t>(before);
   records.push_back(record);
   patches[number] = std::move(bytes);
   anchors[number] = anchor;
   auto& line = added_before[anchor];
-  line.insert(beside_added ? std::find(line.begin(), line.end(), before) : line.end(), id);
+  // Most often it is one of those added last.
+  const auto place = std::find(line.rbegin(), line.rend(), before);
+  line.insert(beside_added ? place.base() - 1 : line.end(), id);
   ++edition;
   return id;
 }
@@ -124,8 +159,15 @@ LayerId Store::layer_named(std::string_view wanted) {
 }
 
 std::optional<SpaceId> Store::find_space(std::string_view wanted) const {
+  for (; indexed_spaces < spaces.size(); ++indexed_spaces) {
+    space_index.emplace(spaces[indexed_spaces].name, static_cast<std::uint32_t>(indexed_spaces));
+  }
+  const auto indexed = space_index.find(std::string(wanted));
+  if (indexed != space_index.end() && spaces[indexed->second].name == wanted) {
+    return static_cast<SpaceId>(indexed->second);
+  }
   for (std::size_t i = 0; i < spaces.size(); ++i) {
-    if (same_name(spaces[i].name, wanted)) return static_cast<SpaceId>(i);
+    if (!spaces[i].erased && same_name(spaces[i].name, wanted)) return static_cast<SpaceId>(i);
   }
   return std::nullopt;
 }

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <map>
+#include <memory>
 #include <set>
 #include <unordered_map>
 
@@ -16,6 +17,9 @@ namespace velmar::drawing {
 struct Landmarks {
   RecordId header = RecordId::none;           // the SECTION record that holds the header variables
   RecordId end_of_entities = RecordId::none;  // the ENDSEC behind which no entity stands
+  RecordId end_of_blocks = RecordId::none;    // the ENDSEC of their sections
+  RecordId end_of_objects = RecordId::none;
+  RecordId entities = RecordId::none;  // the SECTION record of the entities
 };
 
 /// Where a table stands: its TABLE record, its first row, its ENDTAB.
@@ -27,6 +31,7 @@ struct TableMarks {
 struct TableRow {
   std::string table;  // "LTYPE"
   std::string name;
+  RecordId record = RecordId::none;
 };
 
 /// What a drawing is made of. The records of the source tile it: each goes from its `begin` to the
@@ -51,20 +56,31 @@ struct Store {
   std::map<std::string, TableMarks, std::less<>> tables;
   std::vector<Warning> warnings;
 
-  // Edits. An added record stands before a record of the source (or its end, number source_count).
+  // Edits. An added or moved record stands before a record of the source (or its end, number
+  // source_count).
   std::unordered_map<std::uint32_t, std::string> patches;
   std::map<std::uint32_t, std::vector<RecordId>> added_before;
-  std::unordered_map<std::uint32_t, std::uint32_t> anchors;  // of added records
-  std::set<std::uint32_t> touched;  // source records with a patch, or erased
+  std::unordered_map<std::uint32_t, std::uint32_t> anchors;  // of added and moved records
+  std::set<std::uint32_t> touched;  // source records with a patch, erased or moved
+  std::vector<RecordId> unsettled;  // erased, and still named by others; see erasing.h
   std::set<std::uint32_t> added_since_save, modified_since_save, erased_since_save;
   mutable std::deque<std::string> class_names;  // Record::class_number counts them from 1
+  /// Of the text styles that were asked for, by the names that texts give them.
+  std::unordered_map<std::string, TextLook> looks;
+  FontShelfPointer fonts = std::make_shared<FontShelf>();
   std::uint64_t edition = 0, saved_edition = 0;
-  std::optional<FileStamp> stamp;  // of the file at `path` as this drawing knows it
+  std::shared_ptr<Journal> journal;  // of saves; null: none is kept
+  std::optional<FileStamp> stamp;    // of the file at `path` as this drawing knows it
   bool any_erased = false;
-  bool gave_handles = false;  // written ones: then $HANDSEED follows
+  bool gave_handles = false;                               // written ones: then $HANDSEED follows
+  mutable std::optional<std::set<SpaceId>> shared_blocks;  // see Drawing::is_drawn_by_several
+  std::uint64_t latest_drawn_block = 0;  // the number of the newest block *Dn, once one was added
+  // Positions of spaces by their names, of the first `indexed_spaces`.
+  mutable std::unordered_map<std::string, std::uint32_t> space_index;
+  mutable std::size_t indexed_spaces = 0;
 
   std::vector<std::uint32_t> by_handle;  // records in the order of their handles
-  std::size_t latest_find = 0;           // where in it Drawing::find stood last
+  mutable std::size_t latest_find = 0;   // where in it find() stood last
 
   Record& at(RecordId id) { return records[index(id)]; }
   const Record& at(RecordId id) const { return records[index(id)]; }
@@ -74,6 +90,8 @@ struct Store {
   std::string_view source_bytes(std::size_t record) const;
   std::string_view kind_name(Kind kind) const;
   Kind kind_named(std::string_view wanted);  // a new one where it is not known yet
+  /// The record of that handle, erased ones included; none if there never was one.
+  RecordId find(Handle handle) const;
   /// The record behind this one in the order of saving; number source_count at the end.
   RecordId next(RecordId id) const;
   std::optional<LayerId> find_layer(std::string_view wanted) const;
@@ -90,6 +108,9 @@ struct Store {
   /// Adds a record before another one, or at the end of the records for number source_count.
   RecordId add(RecordId before, Record record, std::string bytes);
   Handle give_handle(RecordId id);
+
+ private:
+  RecordId first_at(std::uint32_t position) const;
 };
 
 }  // namespace velmar::drawing

@@ -12,7 +12,8 @@ std::string bare_row(const Store& store, std::string_view kind, std::string_view
   const dxf::Format& format = store.format;
   std::string bytes;
   dxf::append_text(bytes, 0, kind, format);
-  if (store.has_handles) dxf::append_text(bytes, 5, handle_text(handle), format);
+  const int handle_code = kind == "DIMSTYLE" ? 105 : 5;
+  if (store.has_handles) dxf::append_text(bytes, handle_code, handle_text(handle), format);
   if (format.has_subclasses()) {
     if (table != 0) dxf::append_text(bytes, 330, handle_text(table), format);
     dxf::append_text(bytes, 100, "AcDbSymbolTableRecord", format);
@@ -47,11 +48,28 @@ std::vector<std::string> Drawing::table(std::string_view name) const {
   return names;
 }
 
+std::vector<RecordId> Drawing::rows(std::string_view table) const {
+  std::vector<RecordId> ids;
+  for (const TableRow& row : store_->rows) {
+    if (row.table == table) ids.push_back(row.record);
+  }
+  return ids;
+}
+
 bool Drawing::has_row(std::string_view table, std::string_view name) const {
   for (const TableRow& row : store_->rows) {
     if (row.table == table && same_name(row.name, name)) return true;
   }
   return false;
+}
+
+RecordId Drawing::find_row(std::string_view table, std::string_view name) const {
+  for (const TableRow& row : store_->rows) {
+    if (row.table == table && same_name(row.name, name)) return row.record;
+  }
+  // Rows of block records are kept as spaces.
+  const auto space = table == "BLOCK_RECORD" ? find_space(name) : std::nullopt;
+  return space ? find(store_->spaces[index(*space)].owner) : RecordId::none;
 }
 
 }  // namespace velmar::drawing

@@ -67,7 +67,7 @@ void list_application(Store& store, const std::string& name) {
   writer("Name", 2, name);
   writer("Flags", 70, std::int32_t{0});
   bytes = writer.result();
-  store.rows.push_back({"APPID", name});
+  store.rows.push_back({"APPID", name, id});
 }
 
 }  // namespace

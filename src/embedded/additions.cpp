@@ -3,9 +3,12 @@
 #include <array>
 #include <cmath>
 
+#include "basic/conversion.h"
+#include "drawing/dimension/drawn_block.h"
 #include "embedded/current_style.h"
 #include "embedded/entity_object.h"
 #include "embedded/errors.h"
+#include "embedded/hatch_patterns.h"
 #include "embedded/properties/checks.h"
 
 namespace velmar::embedded {
@@ -64,6 +67,32 @@ Value add_text(BlockObject& block, Arguments& arguments) {
   return add(block, text);
 }
 
+/// As high as texts are by default.
+Value add_mtext(BlockObject& block, Arguments& arguments) {
+  drawing::MText text;
+  text.insertion = arguments.point(0, "InsertionPoint");
+  text.width = arguments.number(1);
+  if (text.width < 0) throw failure(HostError::invalid_input);
+  text.text = arguments.text(2);
+  text.height = current_text_height(*block.document());
+  text.style = current_text_style(*block.document());
+  return add(block, text);
+}
+
+Value add_tolerance(BlockObject& block, Arguments& arguments) {
+  drawing::Tolerance tolerance;
+  tolerance.text = arguments.text(0);
+  tolerance.insertion = arguments.point(1, "InsertionPoint");
+  const Point direction = arguments.point(2, "Direction");
+  const double size = std::hypot(direction.x, direction.y);
+  if (!(size > 0)) throw failure(HostError::invalid_input);
+  tolerance.direction = Point{direction.x / size, direction.y / size, 0};
+  tolerance.style = current_dim_style(*block.document());
+  drawing::Body body = tolerance;
+  block.document()->drawing.apply_style(body);
+  return add(block, std::move(body));
+}
+
 /// So many numbers a vertex, two vertices at least.
 const basic::Doubles& vertex_list(const Arguments& arguments, std::string_view parameter,
                                   std::size_t numbers_each) {
@@ -108,19 +137,75 @@ Value add_3d_poly(BlockObject& block, Arguments& arguments) {
   return add(block, polyline);
 }
 
+/// Kept: the hatch stays in the drawing, empty, whether loops are added to it or not.
+Value add_hatch(BlockObject& block, Arguments& arguments) {
+  const DocumentState& document = *block.document();
+  if (document.drawing.version() < "AC1012")
+    throw not_supported("AddHatch in R12, which has no HATCH,");
+  constexpr std::int32_t gradient = 1;
+  const std::int32_t object_type = arguments.has(3) ? arguments.integer(3) : 0;
+  if (object_type == gradient) throw not_supported("AddHatch of a gradient");
+  if (object_type != 0) throw failure(HostError::invalid_input);
+  drawing::Hatch hatch;
+  choose_pattern(hatch, document.drawing, arguments.integer(0), arguments.text(1));
+  hatch.associative = basic::convert<bool>(arguments[2]) ? 1 : 0;
+  hatch.elevation_point.z = current_elevation(document);
+  return add(block, hatch);
+}
+
+Value add(BlockObject& block, const drawing::Dimension& dimension) {
+  return make_entity(block.document(), add_dimension(*block.document(), block.id(), dimension));
+}
+
+/// The dimension line goes through the text position; its text stands where the style says.
+Value add_dim_aligned(BlockObject& block, Arguments& arguments) {
+  drawing::Dimension dimension;
+  dimension.flags = drawing::Dimension::aligned;
+  dimension.first = arguments.point(0, "ExtLine1Point");
+  dimension.second = arguments.point(1, "ExtLine2Point");
+  dimension.definition = arguments.point(2, "TextPosition");
+  return add(block, dimension);
+}
+
+Value add_dim_rotated(BlockObject& block, Arguments& arguments) {
+  drawing::Dimension dimension;
+  dimension.flags = drawing::Dimension::rotated;
+  dimension.first = arguments.point(0, "XLine1Point");
+  dimension.second = arguments.point(1, "XLine2Point");
+  dimension.definition = arguments.point(2, "DimLineLocation");
+  dimension.rotation = arguments.number(3);
+  return add(block, dimension);
+}
+
 constexpr std::array rows{
     Method<BlockObject>{Member::AddLine, Effect::changes, 2, 2, add_line},
     Method<BlockObject>{Member::AddCircle, Effect::changes, 2, 2, add_circle},
     Method<BlockObject>{Member::AddArc, Effect::changes, 4, 4, add_arc},
     Method<BlockObject>{Member::AddEllipse, Effect::changes, 3, 3, add_ellipse},
+    Method<BlockObject>{Member::AddMText, Effect::changes, 3, 3, add_mtext},
     Method<BlockObject>{Member::AddText, Effect::changes, 3, 3, add_text},
+    Method<BlockObject>{Member::AddTolerance, Effect::changes, 3, 3, add_tolerance},
     Method<BlockObject>{Member::AddLightWeightPolyline, Effect::changes, 1, 1,
                         add_light_weight_polyline},
     Method<BlockObject>{Member::AddPolyline, Effect::changes, 1, 1, add_polyline},
+    Method<BlockObject>{Member::AddHatch, Effect::changes, 3, 4, add_hatch},
     Method<BlockObject>{Member::Add3DPoly, Effect::changes, 1, 1, add_3d_poly},
+    Method<BlockObject>{Member::AddDimAligned, Effect::changes, 3, 3, add_dim_aligned},
+    Method<BlockObject>{Member::AddDimRotated, Effect::changes, 4, 4, add_dim_rotated},
 };
 
 }  // namespace
+
+drawing::RecordId add_dimension(DocumentState& document, drawing::SpaceId space,
+                                drawing::Dimension dimension) {
+  dimension.flags |= drawing::Dimension::own_block_flag;
+  dimension.style = current_dim_style(document);
+  // Old drawings do not tell what was measured.
+  if (document.drawing.version() >= "AC1012") dimension.measured = measurement(dimension);
+  const drawing::RecordId id = document.drawing.add(space, {current_common(document), dimension});
+  draw(document.drawing, id);
+  return id;
+}
 
 std::span<const Method<BlockObject>> additions() { return rows; }
 

@@ -11,4 +11,8 @@ namespace velmar::embedded {
 /// scale, elevation and text style.
 std::span<const Method<BlockObject>> additions();
 
+/// Adds a linear dimension, whose line goes through its definition point, and draws it.
+drawing::RecordId add_dimension(DocumentState& document, drawing::SpaceId space,
+                                drawing::Dimension dimension);
+
 }  // namespace velmar::embedded

@@ -9,9 +9,19 @@
 #include "embedded/host.h"
 #include "embedded/preferences.h"
 #include "embedded/program_path.h"
+#include "embedded/zoom.h"
 
 namespace velmar::embedded {
 namespace {
+
+/// No command is ever running while a caller's is.
+class AcadState final : public PlainObject {
+ public:
+  Value get(Member member) override {
+    if (member != Member::IsQuiescent) throw no_such_member(member);
+    return true;
+  }
+};
 
 std::shared_ptr<Document> required(std::shared_ptr<Document> active) {
   if (!active) throw failure(HostError::no_document);
@@ -32,6 +42,8 @@ Value Application::get(Member member) {
       return std::make_shared<Documents>(session_);
     case Member::FullName:
       return program_path().string();
+    case Member::HWND:
+      return std::int32_t{0};  // there is no window
     case Member::Name:
       return "Velmar";
     case Member::Path:
@@ -88,13 +100,27 @@ Value Application::call(Member member, std::span<Value> arguments) {
       return {};
     case Member::ZoomAll:
     case Member::ZoomExtents:
-      required(session_->active());
-      [[fallthrough]];
+    case Member::ZoomWindow:
+      zoom(member, arguments);
+      return {};
+    case Member::GetAcadState:
+      return std::make_shared<AcadState>();
     case Member::Update:
       return {};  // nothing is shown
     default:
       return PlainObject::call(member, arguments);
   }
+}
+
+void Application::zoom(Member member, std::span<Value> values) {
+  DocumentState& document = *required(session_->active())->state();
+  const std::size_t points = member == Member::ZoomWindow ? 2 : 0;
+  const Arguments arguments(member, values, points, points);
+  translated([&] {
+    if (member == Member::ZoomAll) return zoom_all(document);
+    if (member == Member::ZoomExtents) return zoom_extents(document);
+    zoom_window(document, arguments.point(0, "LowerLeft"), arguments.point(1, "UpperRight"));
+  });
 }
 
 /// Each line is one answer, so that a script can give all of them at once.
@@ -121,8 +147,14 @@ DocumentPointer Application::open(const std::filesystem::path& path) {
 }
 
 void Application::activate(const DocumentPointer& document) {
+  session_->activate(object_of(document));
+}
+
+void Application::close(const DocumentPointer& document) { session_->close(object_of(document)); }
+
+Session::DocumentObject Application::object_of(const DocumentPointer& document) const {
   for (const auto& open : session_->documents()) {
-    if (open->state() == document) return session_->activate(open);
+    if (open->state() == document) return open;
   }
   throw failure(HostError::disconnected);
 }
@@ -139,7 +171,8 @@ DocumentPointer Application::active() const {
 }
 
 std::string Application::caption() const {
-  std::string caption = "Velmar " + std::string(velmar_version);
+  // The year of the release whose object model and formats are those of Version.
+  std::string caption = "Velmar 2006";
   if (const DocumentPointer document = active()) {
     caption += " - [" + document_name(*document) + "]";
   }

@@ -24,6 +24,8 @@ class Application final : public PlainObject {
   DocumentPointer open(const std::filesystem::path& path);
   /// Makes an open drawing the active one.
   void activate(const DocumentPointer& document);
+  /// Without saving.
+  void close(const DocumentPointer& document);
   /// What Quit does after closing the drawings. Until this is set Quit is not available.
   void on_quit(std::function<void()> action) { session_->quit = std::move(action); }
   /// The open drawings, in the order in which they were opened.
@@ -33,6 +35,8 @@ class Application final : public PlainObject {
 
  private:
   std::string caption() const;
+  Session::DocumentObject object_of(const DocumentPointer& document) const;
+  void zoom(Member member, std::span<Value> values);
   void queue_input(std::string_view lines);
   void quit();
 

@@ -1,54 +1,84 @@
 #include "embedded/block_object.h"
 
+#include "basic/conversion.h"
 #include "embedded/additions.h"
+#include "embedded/block_definition.h"
 #include "embedded/collection.h"
 #include "embedded/document_members.h"
 #include "embedded/entity_object.h"
 #include "embedded/entity_walk.h"
-#include "embedded/object_ids.h"
+#include "embedded/errors.h"
+#include "embedded/external_reference.h"
+#include "embedded/insertions.h"
+#include "embedded/record_members.h"
 
 namespace velmar::embedded {
 
 using drawing::RecordId;
 
 Value BlockObject::get(Member member) {
-  require_open(*document_);
+  require_alive();
   if (auto found = own_property(member)) return std::move(*found);
-  if (auto found = document_member(*document_, member)) return std::move(*found);
+  if (auto found = record_member(document_, record(), member)) return std::move(*found);
   throw no_such_member(member);
 }
 
-void BlockObject::put(Member member, const Value&) {
-  if (member == Member::Name || member == Member::Origin) {
-    throw not_supported("Changing a block definition");
-  }
-  throw no_such_member(member);
+void BlockObject::put(Member member, const Value& value) {
+  require_alive();
+  translated([&] {
+    switch (member) {
+      case Member::Name:
+        return rename_block(*this, value);
+      case Member::Origin:
+        return put_origin(*this, value);
+      case Member::Path:
+        return put_path(value);
+      default:
+        throw no_such_member(member);
+    }
+  });
 }
 
 Value BlockObject::call(Member member, std::span<Value> values) {
-  require_open(*document_);
+  require_alive();
   return translated([&]() -> Value {
     if (member == Member::Item) return item(values);
-    if (const auto* row = find_row(additions(), member)) {
+    for (const auto& table : {additions(), insertions(), external_reference_methods()}) {
+      const auto* row = find_row(table, member);
+      if (!row) continue;
       Arguments arguments(member, values, row->required, row->at_most);
       return row->call(*this, arguments);
     }
-    if (member == Member::Delete) throw not_supported("Delete of a block definition");
+    if (member == Member::GetExtensionDictionary) return extension_dictionary(document_, record());
+    if (member == Member::Delete || member == Member::Erase) {
+      delete_block(*this);
+      return {};
+    }
     return PlainObject::call(member, values);
   });
 }
 
 std::unique_ptr<host::Enumerator> BlockObject::enumerate() {
-  require_open(*document_);
+  require_alive();
   return std::make_unique<EntityWalk>(document_, document_->drawing.entities(id_));
 }
 
 const drawing::Space& BlockObject::space() const { return document_->drawing.spaces()[index(id_)]; }
 
-drawing::Handle BlockObject::record_handle() const {
+void BlockObject::require_alive() const {
+  require_open(*document_);
+  if (space().erased) throw failure(HostError::was_erased);
+}
+
+RecordId BlockObject::record() const {
   const drawing::Space& own = space();
-  if (own.owner != 0 || own.block == RecordId::none) return own.owner;
-  return document_->drawing.record(own.block).handle;
+  return own.owner != 0 ? document_->drawing.find(own.owner) : own.block;
+}
+
+void BlockObject::put_path(const Value& value) {
+  const drawing::Space& own = space();
+  if (!own.is_xref()) throw no_such_member(Member::Path);
+  document_->drawing.write_block(id_, own.base, own.flags, basic::convert<std::string>(value));
 }
 
 const std::vector<RecordId>& BlockObject::live() {
@@ -78,10 +108,6 @@ std::optional<Value> BlockObject::own_property(Member member) {
       return to_value(own.base);
     case Member::ObjectName:
       return "AcDbBlockTableRecord";
-    case Member::Handle:
-      return drawing::handle_text(record_handle());
-    case Member::ObjectID:
-      return object_id(document_->drawing.find(record_handle()));
     default:
       return std::nullopt;
   }

@@ -25,8 +25,10 @@ class BlockObject final : public PlainObject {
 
  private:
   const drawing::Space& space() const;
-  /// Of the block record; in R12, which has none, of the BLOCK.
-  drawing::Handle record_handle() const;
+  void require_alive() const;
+  /// The block record; in R12, which has none, the BLOCK.
+  drawing::RecordId record() const;
+  void put_path(const Value& value);
   const std::vector<drawing::RecordId>& live();
   std::optional<Value> own_property(Member member);
   Value item(std::span<Value> values);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <vector>
+
+#include "embedded/arguments.h"
 #include "embedded/document_state.h"
 #include "embedded/plain_object.h"
 
@@ -15,6 +18,9 @@ class BlocksObject final : public PlainObject {
   std::unique_ptr<host::Enumerator> enumerate() override;
 
  private:
+  std::vector<drawing::SpaceId> live() const;
+  Value add(const Arguments& arguments);
+
   DocumentPointer document_;
 };
 

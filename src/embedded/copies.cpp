@@ -26,9 +26,7 @@ std::shared_ptr<EntityObject> copy(const EntityObject& entity, Member what) {
 /// What cannot be mapped is refused before anything is added.
 std::shared_ptr<EntityObject> mapped_copy(const EntityObject& entity, const Matrix& matrix,
                                           Member what) {
-  if (std::holds_alternative<drawing::Opaque>(entity.body())) {
-    throw not_supported(action(entity, what));
-  }
+  require_transformable(entity, matrix, what);
   auto added = copy(entity, what);
   transform_entity(*added, matrix, what);
   return added;

@@ -40,4 +40,11 @@ drawing::SpaceId current_space(const DocumentState& document) {
   return paper == drawing::SpaceId::none ? drawing::SpaceId::model : paper;
 }
 
+void activate_space(DocumentState& document, drawing::SpaceId space) {
+  document.drawing.activate_layout(space);
+  // For a file that has no header to say it.
+  const std::int16_t tile_mode = space == drawing::SpaceId::model ? 1 : 0;
+  document.variables["TILEMODE"] = tile_mode;
+}
+
 }  // namespace velmar::embedded

@@ -11,6 +11,8 @@ drawing::LayerId current_layer(const DocumentState& document);
 
 /// Model space, or the paper space of the last active layout while TILEMODE is 0.
 drawing::SpaceId current_space(const DocumentState& document);
+/// Makes model space or a sheet the one that is worked in; the drawing says so from then on.
+void activate_space(DocumentState& document, drawing::SpaceId space);
 /// None where the drawing has no sheet.
 drawing::SpaceId paper_space(const drawing::Drawing& drawing);
 /// Whether it is model space or the sheet of a layout, and no block definition.

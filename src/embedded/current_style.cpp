@@ -57,6 +57,21 @@ std::string current_text_style(const DocumentState& document) {
   return row_or(document, "TEXTSTYLE", "STYLE", "Standard");
 }
 
+double current_text_height(const DocumentState& document) {
+  const auto row = document.drawing.find_row("STYLE", current_text_style(document));
+  const bool has_row = row != drawing::RecordId::none;
+  const double fixed = has_row ? document.drawing.read_text_style(row).height : 0;
+  const double height = fixed > 0 ? fixed : number(document, "TEXTSIZE", 0.2);
+  return height > 0 ? height : 0.2;
+}
+
+std::string current_dim_style(const DocumentState& document) {
+  const std::vector<std::string> styles = document.drawing.table("DIMSTYLE");
+  const bool has_standard = document.drawing.has_row("DIMSTYLE", "Standard");
+  return row_or(document, "DIMSTYLE", "DIMSTYLE",
+                has_standard || styles.empty() ? "Standard" : styles.front());
+}
+
 double current_elevation(const DocumentState& document) { return number(document, "ELEVATION", 0); }
 
 }  // namespace velmar::embedded

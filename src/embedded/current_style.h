@@ -12,6 +12,9 @@ namespace velmar::embedded {
 
 drawing::Common current_common(const DocumentState& document);
 std::string current_text_style(const DocumentState& document);
+/// The style's fixed height, else $TEXTSIZE.
+double current_text_height(const DocumentState& document);
+std::string current_dim_style(const DocumentState& document);
 double current_elevation(const DocumentState& document);
 
 }  // namespace velmar::embedded

@@ -2,21 +2,31 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "basic/conversion.h"
 #include "drawing/utf8_path.h"
 #include "embedded/block_object.h"
 #include "embedded/blocks_object.h"
 #include "embedded/current.h"
+#include "embedded/current_style.h"
+#include "embedded/dictionary_object.h"
+#include "embedded/dim_styles_object.h"
 #include "embedded/document_members.h"
 #include "embedded/document_name.h"
 #include "embedded/errors.h"
+#include "embedded/groups_object.h"
 #include "embedded/layer_object.h"
 #include "embedded/layers_object.h"
+#include "embedded/layout_object.h"
+#include "embedded/layouts_object.h"
+#include "embedded/linetypes_object.h"
 #include "embedded/object_ids.h"
 #include "embedded/objects.h"
 #include "embedded/selection_sets.h"
 #include "embedded/session.h"
+#include "embedded/text_style_object.h"
+#include "embedded/text_styles_object.h"
 #include "embedded/variables.h"
 
 namespace velmar::embedded {
@@ -29,9 +39,11 @@ const Document::Method* Document::find(Member member) {
       Method{Member::GetVariable, 1, 1, &Document::get_variable},
       Method{Member::HandleToObject, 1, 1, &Document::handle_to_object},
       Method{Member::ObjectIdToObject, 1, 1, &Document::object_id_to_object},
+      Method{Member::PurgeAll, 0, 0, &Document::purge_all},
       Method{Member::Regen, 1, 1, &Document::regen},
       Method{Member::Save, 0, 0, &Document::save},
       Method{Member::SaveAs, 1, 3, &Document::save_as},
+      Method{Member::SendCommand, 1, 1, &Document::send_command},
       Method{Member::SetVariable, 2, 2, &Document::set_variable},
       Method{Member::StartUndoMark, 0, 0, &Document::nothing_to_do},
   };
@@ -46,12 +58,31 @@ Value Document::get(Member member) {
   switch (member) {
     case Member::Active:
       return session()->active() == self();
+    case Member::ActiveDimStyle:
+      return std::make_shared<DimStyleObject>(state_, current_dim_style(*state_));
     case Member::ActiveLayer:
       return std::make_shared<LayerObject>(state_, current_layer(*state_));
+    case Member::ActiveLayout:
+      return std::make_shared<LayoutObject>(
+          state_, require_layout(state_->drawing, current_space(*state_)));
+    case Member::ActiveLinetype:
+      return active_linetype();
     case Member::ActiveSpace:
       return std::int32_t{model_is_active ? 1 : 0};
+    case Member::ActiveTextStyle:
+      return active_text_style();
     case Member::Blocks:
       return std::make_shared<BlocksObject>(state_);
+    case Member::DimStyles:
+      return std::make_shared<DimStylesObject>(state_);
+    case Member::Dictionaries:
+      return std::make_shared<DictionaryObject>(state_, state_->drawing.root_dictionary());
+    case Member::Groups:
+      return std::make_shared<GroupsObject>(state_);
+    case Member::Layouts:
+      return std::make_shared<LayoutsObject>(state_);
+    case Member::Linetypes:
+      return std::make_shared<LinetypesObject>(state_);
     case Member::FullName:
       return document_full_name(*state_);
     case Member::Layers:
@@ -70,6 +101,8 @@ Value Document::get(Member member) {
       return !state_->drawing.is_changed();
     case Member::SelectionSets:
       return std::make_shared<SelectionSets>(state_, input_);
+    case Member::TextStyles:
+      return std::make_shared<TextStylesObject>(state_);
     case Member::Utility:
       return utility_;
     default:
@@ -80,10 +113,19 @@ Value Document::get(Member member) {
 void Document::put(Member member, const Value& value) {
   require_open(*state_);
   switch (member) {
+    case Member::ActiveDimStyle:
+      return put_active_dim_style(value);
     case Member::ActiveLayer:
       return put_active_layer(value);
+    case Member::ActiveLayout:
+      return put_active_layout(value);
+    case Member::ActiveLinetype:
+      return put_active_linetype(value);
     case Member::ActiveSpace:
-      return embedded::set_variable(*state_, "TILEMODE", value);  // 0 is paper in both
+      // 0 is paper in both
+      return translated([&] { embedded::set_variable(*state_, "TILEMODE", value); });
+    case Member::ActiveTextStyle:
+      return put_active_text_style(value);
     default:
       throw no_such_member(member);
   }
@@ -186,9 +228,22 @@ Value Document::close(Arguments& arguments) {
   return {};
 }
 
-/// Nothing is shown, so nothing is drawn anew, whichever viewports are meant.
+/// Nothing is shown, so nothing is drawn anew; but only 0 and 1 are viewports.
 Value Document::regen(Arguments& arguments) {
-  arguments.integer(0);
+  const std::int32_t which = arguments.integer(0);
+  if (which != 0 && which != 1) throw failure(HostError::invalid_input);
+  return {};
+}
+
+/// What the user works with counts as in use, whatever the file says.
+Value Document::purge_all(Arguments&) {
+  std::vector<std::string> in_use;
+  for (const auto& [name, value] : state_->variables) {
+    if (const auto* text = value.if_is<std::string>()) in_use.push_back(*text);
+  }
+  const drawing::LayerId layer = current_layer(*state_);
+  if (layer != drawing::LayerId::none) in_use.push_back(state_->drawing.layer(layer).name);
+  state_->drawing.purge(in_use);
   return {};
 }
 
@@ -198,6 +253,14 @@ Value Document::get_variable(Arguments& arguments) {
 
 Value Document::set_variable(Arguments& arguments) {
   embedded::set_variable(*state_, arguments.text(0), arguments[1]);
+  return {};
+}
+
+/// The drawing is made active first; what is sent runs at once.
+Value Document::send_command(Arguments& arguments) {
+  const std::string text = arguments.text(0);
+  session()->activate(self());
+  command_line_.send(text);
   return {};
 }
 
@@ -227,6 +290,40 @@ void Document::write(const std::filesystem::path& path) {
   }
 }
 
+void Document::put_active_layout(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto layout = reference ? std::dynamic_pointer_cast<LayoutObject>(*reference) : nullptr;
+  if (!layout || layout->document() != state_) {
+    throw invalid_argument("Layout", Member::ActiveLayout);
+  }
+  if (!layout->exists()) throw failure(HostError::was_erased);
+  translated([&] { activate_space(*state_, layout->sheet()); });
+}
+
+Value Document::active_linetype() const {
+  const std::string name = current_common(*state_).linetype;
+  Value argument = name;
+  return LinetypesObject(state_).call(Member::Item, {&argument, 1});
+}
+
+void Document::put_active_linetype(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto linetype = reference ? std::dynamic_pointer_cast<LinetypeObject>(*reference) : nullptr;
+  if (!linetype || &linetype->document() != state_.get()) {
+    throw invalid_argument("Linetype", Member::ActiveLinetype);
+  }
+  embedded::set_variable(*state_, "CELTYPE", linetype->get(Member::Name));
+}
+
+void Document::put_active_dim_style(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto style = reference ? std::dynamic_pointer_cast<DimStyleObject>(*reference) : nullptr;
+  if (!style || &style->document() != state_.get()) {
+    throw invalid_argument("DimStyle", Member::ActiveDimStyle);
+  }
+  state_->variables["DIMSTYLE"] = style->name();
+}
+
 void Document::put_active_layer(const Value& value) {
   const auto* reference = value.if_is<basic::Reference>();
   const auto layer = reference ? std::dynamic_pointer_cast<LayerObject>(*reference) : nullptr;
@@ -234,6 +331,21 @@ void Document::put_active_layer(const Value& value) {
     throw invalid_argument("Layer", Member::ActiveLayer);
   }
   embedded::set_variable(*state_, "CLAYER", layer->get(Member::Name));
+}
+
+Value Document::active_text_style() const {
+  const drawing::RecordId row = state_->drawing.find_row("STYLE", current_text_style(*state_));
+  if (row == drawing::RecordId::none) throw failure(HostError::key_not_found);
+  return std::make_shared<TextStyleObject>(state_, row);
+}
+
+void Document::put_active_text_style(const Value& value) {
+  const auto* reference = value.if_is<basic::Reference>();
+  const auto style = reference ? std::dynamic_pointer_cast<TextStyleObject>(*reference) : nullptr;
+  if (!style || &style->document() != state_.get()) {
+    throw invalid_argument("Style", Member::ActiveTextStyle);
+  }
+  embedded::set_variable(*state_, "TEXTSTYLE", style->get(Member::Name));
 }
 
 }  // namespace velmar::embedded

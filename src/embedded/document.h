@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "embedded/arguments.h"
+#include "embedded/command_line.h"
 #include "embedded/document_state.h"
 #include "embedded/plain_object.h"
 #include "embedded/utility.h"
@@ -21,7 +22,8 @@ class Document final : public PlainObject {
       : state_(std::move(state)),
         session_(std::move(session)),
         input_(input),
-        utility_(std::make_shared<Utility>(state_, input)) {}
+        utility_(std::make_shared<Utility>(state_, input)),
+        command_line_(state_, input) {}
 
   const DocumentPointer& state() const { return state_; }
 
@@ -54,9 +56,11 @@ class Document final : public PlainObject {
   Value save(Arguments& arguments);
   Value save_as(Arguments& arguments);
   Value close(Arguments& arguments);
+  Value purge_all(Arguments& arguments);
   Value regen(Arguments& arguments);
   Value get_variable(Arguments& arguments);
   Value set_variable(Arguments& arguments);
+  Value send_command(Arguments& arguments);
   Value nothing_to_do(Arguments& arguments);
 
   std::shared_ptr<Session> session() const;
@@ -64,11 +68,18 @@ class Document final : public PlainObject {
   Value space(drawing::SpaceId id) const;
   void write(const std::filesystem::path& path);
   void put_active_layer(const Value& value);
+  Value active_text_style() const;
+  void put_active_text_style(const Value& value);
+  void put_active_layout(const Value& value);
+  Value active_linetype() const;
+  void put_active_linetype(const Value& value);
+  void put_active_dim_style(const Value& value);
 
   DocumentPointer state_;
   std::weak_ptr<Session> session_;
   Input& input_;
   std::shared_ptr<Utility> utility_;
+  CommandLine command_line_;
 };
 
 }  // namespace velmar::embedded

@@ -14,6 +14,9 @@ bool has_offset(Kind kind) {
 
 const EntityProperty* find_entity_property(Kind kind, Member member) {
   if (const auto* row = find_row(entity_properties(), member)) return row;
+  if (kind == Kind::tolerance) return find_row(tolerance_properties(), member);
+  if (kind == Kind::hatch) return find_row(hatch_properties(), member);
+  if (kind == Kind::dimension) return find_row(dimension_properties(), member);
   return kind == Kind::insert ? find_row(reference_properties(), member) : nullptr;
 }
 
@@ -25,6 +28,7 @@ const EntityMethod* find_entity_method(Kind kind, Member member) {
     const auto* row = find_row(reference_methods(), member);
     return row ? row : find_row(reference_explosion(), member);
   }
+  if (kind == Kind::hatch) return find_row(hatch_methods(), member);
   if (has_offset(kind)) {
     if (const auto* row = find_row(offset_methods(), member)) return row;
   }

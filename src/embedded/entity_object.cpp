@@ -1,5 +1,6 @@
 #include "embedded/entity_object.h"
 
+#include "embedded/dimension_variables.h"
 #include "embedded/document_members.h"
 #include "embedded/entity_members.h"
 #include "embedded/errors.h"
@@ -29,6 +30,8 @@ void EntityObject::put(Member member, const Value& value) {
       if (!row->put) throw no_such_member(member);
       return row->put(*this, value);
     }
+    const bool is_dimension = record().kind == drawing::Kind::dimension;
+    if (is_dimension && put_dimension_variable(*this, member, value)) return;
     drawing::Body changed = body();
     if (!put_property(drawing(), changed, member, value)) throw unknown(member);
     drawing().write_body(id_, changed);
@@ -79,6 +82,9 @@ Value EntityObject::get_other(Member member) const {
   if (const auto* row = find_entity_property(record().kind, member)) return row->get(*this);
   if (auto found = document_member(*document_, member)) return std::move(*found);
   if (auto found = get_property(body(), member)) return std::move(*found);
+  if (record().kind == drawing::Kind::dimension) {
+    if (auto found = get_dimension_variable(*this, member)) return std::move(*found);
+  }
   throw unknown(member);
 }
 

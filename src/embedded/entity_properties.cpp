@@ -94,10 +94,11 @@ constexpr std::array rows{
     EntityProperty{Member::Layer, get_layer, put_layer},
     EntityProperty{Member::Color, get_color, put_color},
     EntityProperty{Member::TrueColor, get_true_color, put_true_color},
-    EntityProperty{
-        Member::Linetype,
-        [](const EntityObject& e) -> Value { return linetype_spelling(common(e).linetype); },
-        put_linetype},
+    EntityProperty{Member::Linetype,
+                   [](const EntityObject& e) -> Value {
+                     return linetype_spelling(e.drawing().read_linetype_name(e.id()));
+                   },
+                   put_linetype},
     EntityProperty{Member::LinetypeScale,
                    [](const EntityObject& e) -> Value { return common(e).linetype_scale; },
                    put_linetype_scale},

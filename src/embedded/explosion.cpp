@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "basic/strings.h"
+#include "drawing/dimension/drawn_block.h"
 #include "drawing/explode.h"
 #include "embedded/block_reference.h"
 #include "embedded/entity_members.h"
@@ -96,6 +97,11 @@ std::vector<Successor> successors(const Drawing& drawing, const Insert& insert, 
 /// The copy in the space of the reference, with its attributes where it is a reference itself.
 RecordId add_copy(Drawing& drawing, const Successor& from, SpaceId space, const Common& reference) {
   const RecordId copy = drawing.copy_to(from.original, space);
+  if (drawing.record(copy).kind == drawing::Kind::dimension) {
+    drawing.write_common(copy, shown_by(reference, drawing.read_common(copy)));
+    transform_dimension(drawing, copy, from.place);
+    return copy;
+  }
   drawing.write(copy, {shown_by(reference, drawing.read_common(copy)), from.bodies.front()});
   if (drawing.record(copy).kind != drawing::Kind::insert) return copy;
   for (const RecordId part : drawing.parts(copy)) {

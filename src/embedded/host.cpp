@@ -1,9 +1,14 @@
 #include "embedded/host.h"
 
+#include "drawing/journal.h"
+
 namespace velmar::embedded {
 
 std::shared_ptr<Application> start(Input& input, const Options& options) {
   const auto session = std::make_shared<Session>(input);
+  if (!options.journal.empty()) {
+    session->journal = std::make_shared<drawing::Journal>(options.journal);
+  }
   auto application = std::make_shared<Application>(session);
   session->application = application;
   for (const std::filesystem::path& path : options.drawings) application->open(path);

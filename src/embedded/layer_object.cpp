@@ -9,8 +9,8 @@
 #include "embedded/document_members.h"
 #include "embedded/errors.h"
 #include "embedded/names.h"
-#include "embedded/object_ids.h"
 #include "embedded/properties/table.h"
+#include "embedded/record_members.h"
 
 namespace velmar::embedded {
 namespace {
@@ -86,12 +86,6 @@ void put_lineweight(LayerObject& layer, const Value& value) {
   change(layer, [&](LayerRow& row) { row.lineweight = weight; });
 }
 
-std::string handle(const LayerObject& layer) {
-  const RecordId record = layer.row().record;
-  const bool has_row = record != RecordId::none;
-  return drawing::handle_text(has_row ? layer.document().drawing.record(record).handle : 0);
-}
-
 constexpr std::array rows{
     LayerProperty{Member::Name, [](const LayerObject& l) -> Value { return l.row().name; },
                   put_name},
@@ -124,9 +118,6 @@ constexpr std::array rows{
                   [](const LayerObject& l) -> Value { return l.row().lineweight; }, put_lineweight},
     LayerProperty{Member::ObjectName,
                   [](const LayerObject&) -> Value { return "AcDbLayerTableRecord"; }},
-    LayerProperty{Member::Handle, [](const LayerObject& l) -> Value { return handle(l); }},
-    LayerProperty{Member::ObjectID,
-                  [](const LayerObject& l) -> Value { return object_id(l.row().record); }},
 };
 
 bool is_used(const drawing::Drawing& drawing, drawing::LayerId id) {
@@ -145,7 +136,7 @@ Value LayerObject::get(Member member) {
     if (const auto* row = find_row(std::span<const LayerProperty>(rows), member)) {
       return row->get(*this);
     }
-    if (auto found = document_member(*document_, member)) return std::move(*found);
+    if (auto found = record_member(document_, row().record, member)) return std::move(*found);
     throw no_such_member(member);
   });
 }
@@ -160,6 +151,10 @@ void LayerObject::put(Member member, const Value& value) {
 }
 
 Value LayerObject::call(Member member, std::span<Value> values) {
+  if (member == Member::GetExtensionDictionary) {
+    require_alive();
+    return extension_dictionary(document_, row().record);
+  }
   if (member != Member::Delete && member != Member::Erase) return PlainObject::call(member, values);
   return translated([&]() -> Value {
     require_alive();

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "drawing/dimension/drawn_block.h"
 #include "embedded/entity_members.h"
 #include "embedded/errors.h"
 
@@ -13,17 +14,19 @@ using drawing::Matrix;
 using drawing::Point;
 using drawing::RecordId;
 
-bool transform_body(drawing::Body& body, const Matrix& matrix) {
-  return std::visit(
+void transform_body(drawing::Body& body, const Matrix& matrix) {
+  std::visit(
       [&]<class Kind>(Kind& kind) {
-        if constexpr (std::same_as<Kind, drawing::Opaque>) {
-          return false;
-        } else {
-          transform(kind, matrix);
-          return true;
-        }
+        if constexpr (requires { transform(kind, matrix); }) transform(kind, matrix);
       },
       body);
+}
+
+/// A map that leaves what is upright upright.
+bool is_upright(const Matrix& matrix) {
+  const double size = matrix.x.x;
+  return size > 0 && matrix.x == drawing::x_axis * size && matrix.y == drawing::y_axis * size &&
+         matrix.z == drawing::z_axis * size;
 }
 
 Value move(EntityObject& entity, Arguments& arguments) {
@@ -91,19 +94,29 @@ constexpr std::array rows{
 
 }  // namespace
 
+void require_transformable(const EntityObject& entity, const Matrix& matrix, Member what) {
+  const drawing::Body& body = entity.body();
+  const bool turns_frame = std::holds_alternative<drawing::OleFrame>(body) && !is_upright(matrix);
+  const bool is_fixed = std::holds_alternative<drawing::Opaque>(body) ||
+                        std::holds_alternative<drawing::Region>(body);
+  if (turns_frame || is_fixed) {
+    throw not_supported(std::string(host::spelling(what)) + " of " + entity.kind());
+  }
+}
+
 void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
   drawing::Drawing& drawing = entity.drawing();
+  if (entity.record().kind == drawing::Kind::dimension) {
+    return transform_dimension(drawing, entity.id(), matrix);
+  }
   std::vector<std::pair<RecordId, drawing::Body>> moved{{entity.id(), entity.body()}};
   if (std::holds_alternative<drawing::Insert>(moved.front().second)) {
     for (const RecordId part : drawing.parts(entity.id())) {
       moved.emplace_back(part, drawing.read_body(part));
     }
   }
-  for (auto& [id, body] : moved) {
-    if (!transform_body(body, matrix)) {
-      throw not_supported(std::string(host::spelling(what)) + " of " + entity.kind());
-    }
-  }
+  require_transformable(entity, matrix, what);
+  for (auto& [id, body] : moved) transform_body(body, matrix);
   for (const auto& [id, body] : moved) drawing.write_body(id, body);
 }
 

@@ -5,8 +5,11 @@
 
 namespace velmar::embedded {
 
-/// Maps the entity and, of a block reference, its attributes. 445 for a kind that is kept whole
-/// without being understood; `what` names the action.
+/// 445 for a kind that is kept whole without being understood, and for a frame that would turn;
+/// `what` names the action.
+void require_transformable(const EntityObject& entity, const drawing::Matrix& matrix, Member what);
+/// Maps the entity and, of a block reference, its attributes; refuses what require_transformable
+/// does.
 void transform_entity(EntityObject& entity, const drawing::Matrix& matrix, Member what);
 
 /// The plane that two points of a mirror line span with the z axis; invalid input where they

@@ -4,6 +4,7 @@
 #include "embedded/entity_members.h"
 #include "embedded/errors.h"
 #include "embedded/intersections.h"
+#include "embedded/record_members.h"
 #include "embedded/xdata.h"
 
 namespace velmar::embedded {
@@ -22,6 +23,9 @@ Value get_bounding_box(EntityObject& entity, Arguments& arguments) {
   if (!box) {
     const drawing::Kind kind = entity.record().kind;
     const bool is_endless = kind == drawing::Kind::ray || kind == drawing::Kind::xline;
+    if (const auto* region = std::get_if<drawing::Region>(&entity.body())) {
+      throw not_supported("GetBoundingBox of REGION (" + why_unknown(*region) + ")");
+    }
     const bool is_opaque = std::holds_alternative<drawing::Opaque>(entity.body());
     if (is_opaque && !is_endless) throw not_supported("GetBoundingBox of " + entity.kind());
     throw failure(HostError::invalid_extents);
@@ -65,9 +69,8 @@ Value intersect_with(EntityObject& entity, Arguments& arguments) {
   return numbers;
 }
 
-/// The dictionary holds objects that are kept whole without being understood.
-Value get_extension_dictionary(EntityObject&, Arguments&) {
-  throw not_supported("GetExtensionDictionary");
+Value get_extension_dictionary(EntityObject& entity, Arguments&) {
+  return extension_dictionary(entity.document(), entity.id());
 }
 
 constexpr std::array rows{

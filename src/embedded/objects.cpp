@@ -3,11 +3,16 @@
 #include <algorithm>
 
 #include "embedded/block_object.h"
+#include "embedded/dictionary_object.h"
 #include "embedded/document_members.h"
 #include "embedded/entity_object.h"
 #include "embedded/errors.h"
 #include "embedded/layer_object.h"
+#include "embedded/layout_object.h"
+#include "embedded/linetypes_object.h"
 #include "embedded/object_ids.h"
+#include "embedded/record_members.h"
+#include "embedded/text_style_object.h"
 
 namespace velmar::embedded {
 namespace {
@@ -22,18 +27,13 @@ class OtherObject final : public PlainObject {
 
   Value get(Member member) override {
     require_open(*document_);
-    switch (member) {
-      case Member::Handle:
-        return drawing::handle_text(document_->drawing.record(id_).handle);
-      case Member::ObjectName:
-        return document_->drawing.object_name(id_);
-      case Member::ObjectID:
-        return object_id(id_);
-      default:
-        break;
-    }
-    if (auto found = document_member(*document_, member)) return std::move(*found);
+    if (auto found = record_member(document_, id_, member)) return std::move(*found);
     throw no_such_member(member);
+  }
+  Value call(Member member, std::span<Value> values) override {
+    require_open(*document_);
+    if (member == Member::GetExtensionDictionary) return extension_dictionary(document_, id_);
+    return PlainObject::call(member, values);
   }
 
  private:
@@ -72,11 +72,18 @@ basic::Value make_object(const DocumentPointer& document, RecordId id) {
       return std::make_shared<LayerObject>(document, *layer);
     }
   }
+  if (record.kind == Kind::dictionary) return std::make_shared<DictionaryObject>(document, id);
+  if (record.kind == Kind::ltype) return std::make_shared<LinetypeObject>(document, id);
+  if (record.kind == Kind::layout) {
+    const auto layout = std::ranges::find(drawing.layouts(), id, &drawing::Layout::record);
+    if (layout != drawing.layouts().end()) return std::make_shared<LayoutObject>(document, *layout);
+  }
   if (record.kind == Kind::block || record.kind == Kind::block_record) {
     if (const auto space = space_of(drawing, id)) {
       return std::make_shared<BlockObject>(document, *space);
     }
   }
+  if (record.kind == Kind::style) return std::make_shared<TextStyleObject>(document, id);
   const bool is_entity = record.layer != drawing::LayerId::none &&
                          (record.space != drawing::SpaceId::none || record.is(Record::part));
   if (is_entity) return make_entity(document, id);

@@ -56,6 +56,12 @@ bool overlap(const Box& a, const Box& b) {
   return a.min.x <= b.max.x && b.min.x <= a.max.x && a.min.y <= b.max.y && b.min.y <= a.max.y;
 }
 
+Box box_of(const Chain& chain) {
+  Box box;
+  for (const Point& point : chain) box.add(point);
+  return box;
+}
+
 bool is_text(Kind kind) {
   return kind == Kind::text || kind == Kind::mtext || kind == Kind::attdef;
 }
@@ -107,6 +113,39 @@ std::vector<RecordId> entities_within(const Drawing& drawing, SpaceId space,
   std::vector<RecordId> found;
   for (const Shown& entity : all_shown(drawing, space)) {
     if (is_within(drawing, entity, rectangle, reach)) found.push_back(entity.id);
+  }
+  return found;
+}
+
+std::vector<RecordId> entities_within(const Drawing& drawing, SpaceId space, const Chain& polygon,
+                                      Reach reach) {
+  Chain edge = polygon;
+  edge.push_back(polygon.front());
+  std::vector<RecordId> found;
+  for (const Shown& entity : all_shown(drawing, space)) {
+    if (!overlap(box_of(edge), entity.box)) continue;
+    const std::vector<Chain> chains = outlines(drawing, entity.id);
+    const auto is_inside = [&](const Chain& chain) {
+      return !chain.empty() && encloses(polygon, chain.front()) && !cross(chain, edge);
+    };
+    const auto is_reached = [&](const Chain& chain) {
+      return is_inside(chain) || cross(chain, edge);
+    };
+    const bool is_within =
+        !chains.empty() && (reach == Reach::window ? std::ranges::all_of(chains, is_inside)
+                                                   : std::ranges::any_of(chains, is_reached));
+    if (is_within) found.push_back(entity.id);
+  }
+  return found;
+}
+
+std::vector<RecordId> entities_on_fence(const Drawing& drawing, SpaceId space, const Chain& fence) {
+  std::vector<RecordId> found;
+  for (const Shown& entity : all_shown(drawing, space)) {
+    if (!overlap(box_of(fence), entity.box)) continue;
+    const bool is_crossed = std::ranges::any_of(
+        outlines(drawing, entity.id), [&](const Chain& chain) { return cross(chain, fence); });
+    if (is_crossed) found.push_back(entity.id);
   }
   return found;
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "drawing/drawing.h"
+#include "embedded/plan_geometry.h"
 
 namespace velmar::embedded {
 
@@ -26,6 +27,14 @@ enum class Reach {
 std::vector<drawing::RecordId> entities_within(
     const drawing::Drawing& drawing, drawing::SpaceId space,
     const std::pair<drawing::Point, drawing::Point>& corners, Reach reach);
+
+/// The same within a polygon, closed from its last point to the first.
+std::vector<drawing::RecordId> entities_within(const drawing::Drawing& drawing,
+                                               drawing::SpaceId space, const Chain& polygon,
+                                               Reach reach);
+/// The entities that the open chain crosses, in drawing order.
+std::vector<drawing::RecordId> entities_on_fence(const drawing::Drawing& drawing,
+                                                 drawing::SpaceId space, const Chain& fence);
 
 /// The entity drawn last in the space; none where nothing is visible.
 drawing::RecordId last_visible(const drawing::Drawing& drawing, drawing::SpaceId space);

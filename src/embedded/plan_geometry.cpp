@@ -36,7 +36,32 @@ bool segment_touches(Point a, Point b, const Box& box) {
   return from <= to;
 }
 
+/// Above 0 where c is to the left of the way from a to b.
+double side(Point a, Point b, Point c) {
+  return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+}
+
+bool segments_cross(Point a, Point b, Point c, Point d) {
+  const double of_c = side(a, b, c), of_d = side(a, b, d);
+  const double of_a = side(c, d, a), of_b = side(c, d, b);
+  if (of_c * of_d < 0 && of_a * of_b < 0) return true;
+  const auto on = [](double value, Point from, Point to, Point p) {
+    return value == 0 && segment_distance(from, to, p) == 0;
+  };
+  return on(of_c, a, b, c) || on(of_d, a, b, d) || on(of_a, c, d, a) || on(of_b, c, d, b);
+}
+
 }  // namespace
+
+bool cross(const Chain& a, const Chain& b) {
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    const Point next = a[std::min(i + 1, a.size() - 1)];
+    for (std::size_t j = 0; j + 1 < b.size(); ++j) {
+      if (segments_cross(a[i], next, b[j], b[j + 1])) return true;
+    }
+  }
+  return false;
+}
 
 double plan_distance(const Chain& chain, Point point) {
   double nearest = std::numeric_limits<double>::infinity();

@@ -16,6 +16,8 @@ double plan_distance(const Chain& chain, drawing::Point point);
 bool encloses(const Chain& chain, drawing::Point point);
 /// Whether any part of the chain is inside the box or on its edge.
 bool touches(const Chain& chain, const drawing::Box& box);
+/// Whether two chains have a point in common.
+bool cross(const Chain& a, const Chain& b);
 /// Edges count as inside.
 bool contains(const drawing::Box& box, drawing::Point point);
 bool contains(const drawing::Box& outer, const drawing::Box& inner);

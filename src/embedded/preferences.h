@@ -17,7 +17,8 @@ class Preferences final : public PlainObject {
 };
 
 /// The page on files. SaveAsType is what SaveAs writes where it is told nothing else; a value that
-/// is none of the enumeration is refused.
+/// is none of the enumeration is refused. Of the other members only the values are kept: nothing is
+/// saved by itself, and a save always keeps the old file until the new one is whole.
 class OpenSavePreferences final : public PlainObject {
  public:
   explicit OpenSavePreferences(std::shared_ptr<Session> session) : session_(std::move(session)) {}

@@ -22,7 +22,16 @@ using drawing::Drawing;
 using drawing::Record;
 using drawing::RecordId;
 
-enum Mode { window = 0, crossing = 1, previous = 3, last = 4, all = 5 };
+enum Mode {
+  window = 0,
+  crossing = 1,
+  fence = 2,
+  previous = 3,
+  last = 4,
+  all = 5,
+  window_polygon = 6,
+  crossing_polygon = 7
+};
 
 /// Of model space and every layout, whether they can be seen or not.
 std::vector<RecordId> all_drawn(const Drawing& drawing) {
@@ -54,6 +63,7 @@ const SelectionSet::Method* SelectionSet::find(Member member) {
       Method{Member::RemoveItems, 1, 1, &SelectionSet::remove_items},
       Method{Member::Select, 1, 5, &SelectionSet::select},
       Method{Member::SelectAtPoint, 1, 3, &SelectionSet::select_at_point},
+      Method{Member::SelectByPolygon, 2, 4, &SelectionSet::select_by_polygon},
       Method{Member::SelectOnScreen, 0, 2, &SelectionSet::select_on_screen},
       Method{Member::Update, 0, 0, &SelectionSet::nothing_to_do},
   };
@@ -96,6 +106,32 @@ Value SelectionSet::item(Arguments& arguments) {
 Value SelectionSet::select(Arguments& arguments) {
   const SelectionFilter filter = SelectionFilter::from(arguments, 3);
   add(filter.passed(document_->drawing, chosen_by_mode(arguments)));
+  return {};
+}
+
+/// A fence is open, the polygons are closed from the last point to the first.
+Value SelectionSet::select_by_polygon(Arguments& arguments) {
+  const std::int32_t mode = arguments.integer(0);
+  const bool is_fence = mode == fence;
+  if (!is_fence && mode != window_polygon && mode != crossing_polygon) {
+    throw invalid_argument("Mode", arguments.method());
+  }
+  const basic::Doubles& numbers = arguments.numbers(1, "PointsList");
+  const std::size_t fewest = is_fence ? 2 : 3;
+  if (numbers.size() % 3 != 0 || numbers.size() / 3 < fewest) {
+    throw failure(HostError::wrong_element_count);
+  }
+  Chain points;
+  for (std::size_t i = 0; i < numbers.size(); i += 3) {
+    points.push_back({numbers[i], numbers[i + 1], numbers[i + 2]});
+  }
+  const SelectionFilter filter = SelectionFilter::from(arguments, 2);
+  const drawing::SpaceId space = current_space(*document_);
+  const Drawing& drawing = document_->drawing;
+  add(filter.passed(drawing, is_fence ? entities_on_fence(drawing, space, points)
+                                      : entities_within(drawing, space, points,
+                                                        mode == window_polygon ? Reach::window
+                                                                               : Reach::crossing)));
   return {};
 }
 

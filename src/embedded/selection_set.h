@@ -31,6 +31,7 @@ class SelectionSet final : public PlainObject {
 
   Value item(Arguments& arguments);
   Value select(Arguments& arguments);
+  Value select_by_polygon(Arguments& arguments);
   Value select_on_screen(Arguments& arguments);
   Value select_at_point(Arguments& arguments);
   Value add_items(Arguments& arguments);

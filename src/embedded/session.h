@@ -37,7 +37,10 @@ class Session : public std::enable_shared_from_this<Session> {
   void close(const DocumentObject& document);
 
   Input& input;
+  std::shared_ptr<drawing::Journal> journal;  // of every drawing's saves; null: none is kept
   std::int32_t save_as_type = native_save_type;
+  std::int32_t auto_save_interval = 10, incremental_save_percent = 50;
+  bool create_backup = false;
   std::weak_ptr<basic::Referenced> application;
   std::function<void()> quit;  // ends the program that runs the host, where it can be ended
 

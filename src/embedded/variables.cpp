@@ -72,6 +72,9 @@ Value tile_mode(const DocumentState& document) {
 void set_tile_mode(DocumentState& document, const Value& value) {
   const auto mode = basic::convert<std::int16_t>(value);
   if (mode != 0 && mode != 1) throw invalid_argument("Value", Member::SetVariable);
+  const drawing::SpaceId paper = paper_space(document.drawing);
+  if (mode == 1) return activate_space(document, drawing::SpaceId::model);
+  if (paper != drawing::SpaceId::none) return activate_space(document, paper);
   document.variables["TILEMODE"] = mode;
 }
 
@@ -126,6 +129,9 @@ constexpr std::array variables{
         "DBMOD",
         [](const DocumentState& document) -> Value { return truth(document.drawing.is_changed()); },
         nullptr},
+    Variable{"DIMSTYLE",
+             [](const DocumentState& document) -> Value { return current_dim_style(document); },
+             nullptr},
     Variable{"DWGNAME",
              [](const DocumentState& document) -> Value { return document_name(document); },
              nullptr},

@@ -7,7 +7,7 @@
 namespace velmar::embedded {
 
 // The system variables that GetVariable and SetVariable know; names without regard to case.
-// What is set holds as long as the drawing is open and is not saved with it.
+// What is set holds as long as the drawing is open and is not saved with it, but TILEMODE is.
 
 /// Invalid argument for a name that is unknown.
 basic::Value get_variable(const DocumentState& document, std::string_view name);

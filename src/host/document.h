@@ -49,17 +49,35 @@ struct SelectionSets : Collection<SelectionSet> {
   }
 };
 
+enum class PatternType : std::int32_t { user_defined = 0 };
+
 struct ModelSpace : Collection<Entity> {
   using Collection::Collection;
 
   Text AddText(std::string_view text, const Point& at, double height) const {
     return from_value<Text>(call(Member::AddText, text, at, height));
   }
+  /// The text in the host's frame notation: "%%v" between two cells.
+  Tolerance AddTolerance(std::string_view text, const Point& at, const Point& direction) const {
+    return from_value<Tolerance>(call(Member::AddTolerance, text, at, direction));
+  }
   Line AddLine(const Point& start, const Point& end) const {
     return from_value<Line>(call(Member::AddLine, start, end));
   }
   Circle AddCircle(const Point& center, double radius) const {
     return from_value<Circle>(call(Member::AddCircle, center, radius));
+  }
+  /// Through x, y, z triples; z is ignored.
+  HeavyPolyline AddPolyline(const basic::Doubles& triples) const {
+    return from_value<HeavyPolyline>(call(Member::AddPolyline, triples));
+  }
+  /// Without a boundary as yet. The name of a user-defined pattern has no effect.
+  Hatch AddHatch(PatternType type, std::string_view pattern, bool associative) const {
+    return from_value<Hatch>(
+        call(Member::AddHatch, static_cast<std::int32_t>(type), pattern, associative));
+  }
+  AlignedDimension AddDimAligned(const Point& first, const Point& second, const Point& text) const {
+    return from_value<AlignedDimension>(call(Member::AddDimAligned, first, second, text));
   }
 };
 
@@ -99,6 +117,32 @@ struct Utility : View {
   }
 };
 
+/// A block definition; an external reference is one too.
+struct Block : View {
+  using View::View;
+
+  std::string Name() const { return get<std::string>(Member::Name); }
+  bool IsXRef() const { return get<bool>(Member::IsXRef); }
+  void Unload() const { call(Member::Unload); }
+  void Reload() const { call(Member::Reload); }
+};
+
+using Blocks = Collection<Block>;
+
+struct Layout : View {
+  using View::View;
+
+  static constexpr std::string_view model = "Model";  // the name of the one that is no paper
+
+  std::string Name() const { return get<std::string>(Member::Name); }
+  void Delete() const { call(Member::Delete); }
+};
+
+using Layouts = Collection<Layout>;
+
+/// What is drawn anew. Some commands pass Basic's True, which hosts take as all of them or refuse.
+enum class Viewports : std::int32_t { basic_true = -1, active = 0, all = 1 };
+
 struct Document : View {
   using View::View;
 
@@ -108,15 +152,31 @@ struct Document : View {
     return get<host::SelectionSets>(Member::SelectionSets);
   }
   host::Layers Layers() const { return get<host::Layers>(Member::Layers); }
+  host::Blocks Blocks() const { return get<host::Blocks>(Member::Blocks); }
+  host::Layouts Layouts() const { return get<host::Layouts>(Member::Layouts); }
+  Layout ActiveLayout() const { return get<Layout>(Member::ActiveLayout); }
+  void ActiveLayout(const Layout& layout) const { put(Member::ActiveLayout, layout); }
+  void Regen(Viewports which) const { call(Member::Regen, static_cast<std::int32_t>(which)); }
   Entity HandleToObject(std::string_view handle) const {
     return from_value<Entity>(call(Member::HandleToObject, handle));
   }
+
+  /// Types the text onto the command line.
+  void SendCommand(std::string_view text) const { call(Member::SendCommand, text); }
 
   std::string Name() const { return get<std::string>(Member::Name); }
   std::string Path() const { return get<std::string>(Member::Path); }
   /// Empty until the drawing has been saved.
   std::string FullName() const { return get<std::string>(Member::FullName); }
+  /// One pass: what only a removed thing used goes with the next one.
+  void PurgeAll() const { call(Member::PurgeAll); }
   void Save() const { call(Member::Save); }
+  /// In the host's own format. The document has the new name from then on; the host adds the
+  /// extension.
+  void SaveAs(std::string_view file) const { call(Member::SaveAs, file); }
+  void SaveAs(std::string_view file, std::int32_t type) const { call(Member::SaveAs, file, type); }
+  /// Saves first where something has changed since.
+  void Close() const { call(Member::Close); }
   void Close(bool save_changes) const { call(Member::Close, save_changes); }
 };
 
@@ -129,10 +189,26 @@ struct Documents : Collection<Document> {
   }
 };
 
+/// The user's choices about opening and saving.
+struct OpenSave : View {
+  using View::View;
+
+  std::int32_t SaveAsType() const { return get<std::int32_t>(Member::SaveAsType); }
+  void SaveAsType(std::int32_t type) const { put(Member::SaveAsType, type); }
+};
+
+struct Preferences : View {
+  using View::View;
+
+  host::OpenSave OpenSave() const { return get<host::OpenSave>(Member::OpenSave); }
+};
+
 struct Application : View {
   using View::View;
 
   Document ActiveDocument() const { return get<Document>(Member::ActiveDocument); }
+  void ActiveDocument(const Document& document) const { put(Member::ActiveDocument, document); }
+  host::Preferences Preferences() const { return get<host::Preferences>(Member::Preferences); }
   host::Documents Documents() const { return get<host::Documents>(Member::Documents); }
   std::string Caption() const { return get<std::string>(Member::Caption); }
   void ZoomExtents() const { call(Member::ZoomExtents); }

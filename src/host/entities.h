@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/value.h"
 #include "host/view.h"
@@ -158,34 +159,81 @@ struct MText : Entity {
   void TextString(std::string_view text) const { put(Member::TextString, text); }
 };
 
+/// A value that one insertion of a block carries. It is not listed in model space.
+struct Attribute : Entity {
+  static constexpr std::string_view class_name = "AcDbAttribute";
+  using Entity::Entity;
+
+  std::string TagString() const { return get<std::string>(Member::TagString); }
+  std::string TextString() const { return get<std::string>(Member::TextString); }
+  void TextString(std::string_view text) const { put(Member::TextString, text); }
+};
+
 /// An insertion of a block, also of an external reference.
 struct BlockReference : Entity {
   static constexpr std::string_view class_name = "AcDbBlockReference";
   using Entity::Entity;
 
   std::string Name() const { return get<std::string>(Member::Name); }
+  std::vector<Attribute> GetAttributes() const {
+    return from_list<Attribute>(call(Member::GetAttributes));
+  }
   Point InsertionPoint() const { return get<Point>(Member::InsertionPoint); }
+  /// Adds the contents to the same space; the reference stays.
+  void Explode() const { call(Member::Explode); }
 };
 
 struct Hatch : Entity {
   static constexpr std::string_view class_name = "AcDbHatch";
   using Entity::Entity;
+
+  /// The distance of the lines of a user-defined pattern.
+  void PatternSpace(double distance) const { put(Member::PatternSpace, distance); }
+  void Elevation(double z) const { put(Member::Elevation, z); }
+  /// The entity alone must be a closed loop.
+  void AppendOuterLoop(const Entity& boundary) const {
+    call(Member::AppendOuterLoop, basic::List{to_value(boundary)});
+  }
+  /// Computes the lines; without it a hatch draws nothing.
+  void Evaluate() const { call(Member::Evaluate); }
 };
+
+/// What moves when a dimension's text is moved.
+enum class DimensionTextMovement : std::int32_t { line_moves_with_text = 0 };
+/// What goes outside first where there is too little room.
+enum class DimensionFit : std::int32_t { best = 3 };
 
 /// A dimension of any kind. No entity reports this class itself.
 struct Dimension : Entity {
   static constexpr std::string_view class_name = "AcDbDimension";
   using Entity::Entity;
+
+  std::string StyleName() const { return get<std::string>(Member::StyleName); }
+  void StyleName(std::string_view name) const { put(Member::StyleName, name); }
+  Point TextPosition() const { return get<Point>(Member::TextPosition); }
+  void TextPosition(const Point& point) const { put(Member::TextPosition, point); }
+  void TextMovement(DimensionTextMovement movement) const {
+    put(Member::TextMovement, static_cast<std::int32_t>(movement));
+  }
+  void TextInside(bool inside) const { put(Member::TextInside, inside); }
+  void ForceLineInside(bool inside) const { put(Member::ForceLineInside, inside); }
+  void Fit(DimensionFit fit) const { put(Member::Fit, static_cast<std::int32_t>(fit)); }
 };
 
 struct AlignedDimension : Dimension {
   static constexpr std::string_view class_name = "AcDbAlignedDimension";
   using Dimension::Dimension;
+
+  Point ExtLine1Point() const { return get<Point>(Member::ExtLine1Point); }
+  Point ExtLine2Point() const { return get<Point>(Member::ExtLine2Point); }
 };
 
 struct RotatedDimension : Dimension {
   static constexpr std::string_view class_name = "AcDbRotatedDimension";
   using Dimension::Dimension;
+
+  /// Of the dimension line.
+  double Rotation() const { return get<double>(Member::Rotation); }
 };
 
 struct Ole : Entity {
@@ -201,6 +249,9 @@ struct Region : Entity {
 struct Tolerance : Entity {
   static constexpr std::string_view class_name = "AcDbFcf";
   using Entity::Entity;
+
+  Point InsertionPoint() const { return get<Point>(Member::InsertionPoint); }
+  void InsertionPoint(const Point& point) const { put(Member::InsertionPoint, point); }
 };
 
 }  // namespace velmar::host

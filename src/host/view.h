@@ -8,8 +8,10 @@
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "basic/conversion.h"
+#include "basic/failure.h"
 #include "basic/value.h"
 #include "host/at_exit.h"
 #include "host/object.h"
@@ -65,6 +67,16 @@ T from_value(const Value& value) {
   } else {
     return basic::convert<T>(value);
   }
+}
+
+/// The items of a list, each as a T; error 13 for what is no list.
+template <class T>
+std::vector<T> from_list(const Value& value) {
+  const auto* list = value.if_is<basic::List>();
+  if (!list) throw basic::Failure(basic::type_mismatch);
+  std::vector<T> items;
+  for (const Value& item : *list) items.push_back(from_value<T>(item));
+  return items;
 }
 
 /// A string out of a value that is not needed any more. A short one is copied: moving it would read

@@ -31,11 +31,14 @@ std::string read_file(const fs::path& path) {
 
 Outcome run_script(const fs::path& script, const fs::path& folder) {
   const TemporaryFolder outputs;
+  const char* const other = std::getenv("VELMAR_PROGRAM_FOLDER");
+  const fs::path program = other != nullptr ? other : fs::path(VELMAR_PROGRAM).parent_path();
+  const std::string user = outputs.path().string();
   const fs::path out = outputs.path() / "out", err = outputs.path() / "err";
-  const std::string command =
-      "cd '" + folder.string() +
-      "' && CORPUS='" VELMAR_CORPUS "' PATH=\"$(dirname '" VELMAR_PROGRAM "'):$PATH\" bash '" +
-      script.string() + "' >'" + out.string() + "' 2>'" + err.string() + "' </dev/null";
+  const std::string command = "cd '" + folder.string() + "' && LC_ALL=C XDG_CONFIG_HOME='" + user +
+                              "' XDG_DATA_HOME='" + user + "' CORPUS='" VELMAR_CORPUS "' PATH='" +
+                              program.string() + "':\"$PATH\" bash '" + script.string() + "' >'" +
+                              out.string() + "' 2>'" + err.string() + "' </dev/null";
   const int status = std::system(command.c_str());
   return {read_file(out), read_file(err), WIFEXITED(status) ? WEXITSTATUS(status) : -1};
 }

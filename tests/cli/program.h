@@ -25,8 +25,9 @@ class TemporaryFolder {
 
 std::string read_file(const std::filesystem::path& path);
 
-/// Runs a shell script in a folder. It finds the program as `velmar` and the drawings under
-/// $CORPUS.
+/// Runs a shell script in a folder, as a user who has neither settings nor data. It finds the
+/// program as `velmar` and the drawings under $CORPUS. VELMAR_PROGRAM_FOLDER names the folder of
+/// another `velmar` than the one that was built with the tests.
 Outcome run_script(const std::filesystem::path& script, const std::filesystem::path& folder);
 
 }  // namespace velmar::cli

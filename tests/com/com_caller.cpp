@@ -6,6 +6,7 @@
 #include "com/scene_host.h"
 #include "com/server/loaded_server.h"
 #include "scenes/caller.h"
+#include "system/user_system.h"
 
 namespace velmar {
 namespace {
@@ -21,14 +22,14 @@ class ComCaller : public Caller {
   ~ComCaller() override { object_ = nullptr; }
 
   Outcome call(std::string_view method, std::vector<basic::Value> arguments) override;
-  System& system() override { return system_; }
+  System& system() override { return *system_; }
 
  private:
   com::LoadedServer server_{VELMAR_DLL};
   com::Apartment apartment_;
   com::SceneHost host_;
   com::ComPtr<IDispatch> object_;
-  PlainSystem system_;
+  std::shared_ptr<System> system_ = system::user_system();  // the component makes one like it
 };
 
 /// A variable of a macro that holds the value, by reference.

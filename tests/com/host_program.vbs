@@ -1,4 +1,4 @@
-' velmar-host with a copy of samples/detail.dxf, driven from another process.
+' velmar-host with a copy of a small drawing, driven from another process.
 Dim app, doc, space, entity, count, lower, upper, layer
 Set app = CreateObject("Velmar.Application")
 Expect "the running one", app.Documents.Count, CLng(1)

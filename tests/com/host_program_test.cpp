@@ -20,9 +20,11 @@ namespace fs = std::filesystem;
 
 constexpr const char* program = VELMAR_HOST_PROGRAM;
 
-std::string content(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+/// Whether a line of the drawing has that handle; records may still refer to it.
+bool has_line(const fs::path& drawing, const std::string& handle) {
+  std::ifstream file(drawing, std::ios::binary);
+  const std::string text(std::istreambuf_iterator<char>(file), {});
+  return text.find("\nLINE\r\n  5\r\n" + handle + "\r\n") != std::string::npos;
 }
 
 /// velmar-host registered, as the host that is to be driven, with a drawing to work on.
@@ -30,7 +32,7 @@ class HostProgram : public testing::Test {
  protected:
   HostProgram() {
     fs::create_directory(folder_);
-    fs::copy_file(VELMAR_SAMPLES "/detail.dxf", drawing_);
+    fs::copy_file(VELMAR_CORPUS "/jscad/2Dellipses.dxf", drawing_);
     EXPECT_EQ(run(std::string(program) + " /RegServer"), 0);
     SetEnvironmentVariableW(L"VELMAR_HOST", L"Velmar.Application");
   }
@@ -54,13 +56,12 @@ class HostProgram : public testing::Test {
   const fs::path folder_ =
       fs::temp_directory_path() / ("velmar-host-" + std::to_string(GetCurrentProcessId()));
   const fs::path drawing_ = folder_ / "plan.dxf";
+  LoadedServer server_{VELMAR_DLL};  // outlives COM, which tells it when it leaves the thread
   Apartment apartment_;
 };
 
 TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
-  const LoadedServer server(VELMAR_DLL);
   {
-    const Apartment inner;
     const host::HostApplication host(host_factory()());
     const host::Application app = host.Application();
     const host::Document plan = app.Documents().Open(drawing_.string());
@@ -69,7 +70,7 @@ TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
     for (const host::Entity& entity : plan.ModelSpace()) walked += entity.Handle().empty() ? 0 : 1;
     EXPECT_EQ(walked, before);
 
-    const DispatchObject velmar(server.make_object(), std::make_shared<Connection>());
+    const DispatchObject velmar(server_.make_object(), std::make_shared<Connection>());
     const auto call = [&](const wchar_t* name, const Value& argument) {
       std::wstring spelled = name;
       LPOLESTR names = spelled.data();
@@ -81,17 +82,17 @@ TEST_F(HostProgram, RunsACommandOnADrawingFromAnotherProcessSavesAndQuits) {
                                           nullptr, nullptr),
                 S_OK);
     };
-    call(L"Del", "E0E092E");
-    app.call(Member::QueueInput, "#E0E0928");
+    call(L"Del", "2E");
+    app.call(Member::QueueInput, "#2F");
     call(L"GetTotalLength", Value());
     EXPECT_THAT(app.get<std::string>(Member::Transcript), testing::HasSubstr("Total Length"));
     EXPECT_EQ(plan.ModelSpace().Count(), before - 1);
     plan.Save();
     app.call(Member::Quit);
   }
-  EXPECT_TRUE(comes_to(false, 10));
-  EXPECT_THAT(content(VELMAR_SAMPLES "/detail.dxf"), testing::HasSubstr("E0E092E"));
-  EXPECT_THAT(content(drawing_), testing::Not(testing::HasSubstr("E0E092E")));
+  EXPECT_TRUE(comes_to(false, 60));
+  EXPECT_TRUE(has_line(VELMAR_CORPUS "/jscad/2Dellipses.dxf", "2E"));
+  EXPECT_FALSE(has_line(drawing_, "2E"));
 }
 
 TEST_F(HostProgram, OneStartedByAClientEndsWithIt) {
@@ -101,15 +102,15 @@ TEST_F(HostProgram, OneStartedByAClientEndsWithIt) {
     EXPECT_EQ(failure_number([&] { host.Application().ActiveDocument(); }), -2145320900);
     EXPECT_TRUE(runs());
   }
-  EXPECT_TRUE(comes_to(false, 10));
+  EXPECT_TRUE(comes_to(false, 60));
 }
 
 TEST_F(HostProgram, OneThatNobodyCallsEndsThoughAClientHoldsIt) {
-  const HostProcess process(std::string(program) + " /Automation /Idle:2");
-  ASSERT_TRUE(comes_to(true, 10));
+  const HostProcess process(std::string(program) + " /Automation /Idle:5");
+  ASSERT_TRUE(comes_to(true, 60));
   const host::HostApplication host(host_factory()());
   EXPECT_EQ(host.Application().Documents().Count(), 0);
-  EXPECT_TRUE(process.ends_within(10));
+  EXPECT_TRUE(process.ends_within(60));
   EXPECT_EQ(process.exit_code(), 0);
   EXPECT_EQ(failure_number([&] { host.Application().Caption(); }), 462);
   EXPECT_EQ(host.Application().Documents().Count(), 0) << "of one that was started anew";
@@ -119,7 +120,7 @@ TEST_F(HostProgram, ThereIsOneOnADesktopAndAUserHandsItMoreDrawings) {
   const fs::path second = folder_ / "second.dxf";
   fs::copy_file(drawing_, second);
   const HostProcess process(std::string(program) + " " + drawing_.string());
-  ASSERT_TRUE(comes_to(true, 10));
+  ASSERT_TRUE(comes_to(true, 60));
   EXPECT_EQ(run(std::string(program) + " " + second.string()), 0);
   const host::HostApplication host(host_factory()());
   EXPECT_EQ(host.Application().Documents().Count(), 2);
@@ -127,17 +128,17 @@ TEST_F(HostProgram, ThereIsOneOnADesktopAndAUserHandsItMoreDrawings) {
   EXPECT_EQ(run(std::string(program) + " " + (folder_ / "missing.dxf").string()), 1);
   EXPECT_EQ(run(std::string(program) + " /NoSuchOption"), 2);
   EXPECT_EQ(run(std::string(program) + " /Quit"), 0);
-  EXPECT_TRUE(process.ends_within(10));
+  EXPECT_TRUE(process.ends_within(60));
 }
 
 TEST_F(HostProgram, ScriptsDriveItAndTheComponent) {
   const HostProcess process(std::string(program) + " " + drawing_.string());
-  ASSERT_TRUE(comes_to(true, 10));
+  ASSERT_TRUE(comes_to(true, 60));
   EXPECT_EQ(run(VELMAR_SCRIPT_HOST " --register " VELMAR_DLL " " VELMAR_SCRIPTS
                                    "/server/expect.vbs " VELMAR_SCRIPTS "/host_program.vbs"),
             0);
   EXPECT_EQ(run(std::string(program) + " /Quit"), 0);
-  EXPECT_TRUE(process.ends_within(10));
+  EXPECT_TRUE(process.ends_within(60));
 }
 
 TEST_F(HostProgram, UnregisteringLeavesNothing) {

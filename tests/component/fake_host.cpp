@@ -27,10 +27,12 @@ std::string handle_of(const Bag& entity) { return basic::text(entity->get(Member
 
 FakeDocument::FakeDocument() {
   object->properties[Member::ModelSpace] = model_space_;
-  model_space_->methods[Member::AddLine] = [this](Arguments) {
-    return add("AcDbLine", "0",
-               {{Member::Length, 5.0}, {Member::Angle, 0.0}, {Member::Visible, true}});
+  object->properties[Member::Layers] = layers_;
+  object->methods[Member::Regen] = [](Arguments) { return Value(); };
+  layers_->methods[Member::Add] = [this](Arguments name) -> Value {
+    return add_layer(basic::text(name[0]));
   };
+  add_additions();
   object->methods[Member::HandleToObject] = [this](Arguments arguments) -> Value {
     for (const Bag& entity : entities) {
       if (handle_of(entity) == basic::text(arguments[0])) return entity;
@@ -41,6 +43,23 @@ FakeDocument::FakeDocument() {
   add_selection_sets();
 }
 
+void FakeDocument::add_additions() {
+  model_space_->methods[Member::AddLine] = [this](Arguments) {
+    return add("AcDbLine", "0", {{Member::Length, 5.0}, {Member::Angle, 0.0}});
+  };
+  model_space_->methods[Member::AddCircle] = [this](Arguments) { return add("AcDbCircle", "0"); };
+  model_space_->methods[Member::AddText] = [this](Arguments arguments) {
+    return add_text("AcDbText", basic::text(arguments[0]));
+  };
+  model_space_->methods[Member::AddTolerance] = [this](Arguments arguments) {
+    if (refuses_additions) refuse(-1, "Not here");
+    return add("AcDbFcf", "0",
+               {{Member::TextString, arguments[0]},
+                {Member::InsertionPoint, arguments[1]},
+                {Member::DirectionVector, arguments[2]}});
+  };
+}
+
 Bag FakeDocument::add(std::string_view class_name, std::string_view layer,
                       std::map<Member, Value> members) {
   const auto entity = std::make_shared<BagObject>();
@@ -48,6 +67,10 @@ Bag FakeDocument::add(std::string_view class_name, std::string_view layer,
   entity->properties[Member::ObjectName] = class_name;
   entity->properties[Member::Layer] = layer;
   entity->properties[Member::Handle] = hexadecimal(next_handle++);
+  entity->properties.try_emplace(Member::Color, std::int32_t{256});
+  entity->properties.try_emplace(Member::Linetype, "ByLayer");
+  entity->properties.try_emplace(Member::LinetypeScale, 1.0);
+  entity->properties.try_emplace(Member::Visible, true);
   entity->methods[Member::Update] = [](Arguments) { return Value(); };
   entity->methods[Member::Delete] = [this, unowned = entity.get()](Arguments) {
     std::erase_if(entities, [&](const Bag& other) { return other.get() == unowned; });
@@ -56,6 +79,29 @@ Bag FakeDocument::add(std::string_view class_name, std::string_view layer,
   entities.push_back(entity);
   model_space_->items.emplace_back(entity);
   return entity;
+}
+
+Bag FakeDocument::add_text(std::string_view class_name, std::string_view content,
+                           std::string_view layer) {
+  const Bag text =
+      add(class_name, layer,
+          {{Member::TextString, content}, {Member::Rotation, 0.0}, {Member::ScaleFactor, 1.0}});
+  text->methods[Member::Rotate] = [](Arguments) { return Value(); };
+  text->methods[Member::GetBoundingBox] = [unowned = text.get()](Arguments corners) {
+    const double factor = basic::number(unowned->properties[Member::ScaleFactor]);
+    corners[0] = to_value(host::Point{});
+    corners[1] = to_value(host::Point{10 * factor, 1, 0});
+    return Value();
+  };
+  return text;
+}
+
+Bag FakeDocument::add_layer(std::string_view name) {
+  const auto layer = std::make_shared<BagObject>();
+  layer->properties[Member::Name] = name;
+  layer->properties[Member::Color] = std::int32_t{7};
+  layers_->items.emplace_back(layer);
+  return layer;
 }
 
 Bag FakeDocument::add_boxed(std::string_view class_name, host::Point min, host::Point max) {
@@ -86,7 +132,24 @@ void FakeDocument::add_utility() {
     picks.pop_front();
     return Value();
   };
+  add_questions(*utility);
   object->properties[Member::Utility] = utility;
+}
+
+void FakeDocument::add_questions(BagObject& utility) {
+  const auto answer = [this](const Value& prompt) {
+    asked.push_back(basic::text(prompt));
+    if (answers.empty()) refuse(pick_failed, "No answer");
+    const Value first = answers.front();
+    answers.pop_front();
+    return first;
+  };
+  utility.methods[Member::InitializeUserInput] = [](Arguments) { return Value(); };
+  const auto prompt_comes_last = [answer](Arguments arguments) { return answer(arguments.back()); };
+  for (const Member member :
+       {Member::GetReal, Member::GetPoint, Member::GetString, Member::GetKeyword}) {
+    utility.methods[member] = prompt_comes_last;
+  }
 }
 
 void FakeDocument::add_selection_sets() {

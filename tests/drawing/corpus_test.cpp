@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -213,6 +214,59 @@ TEST_P(Corpus, EveryEntityOfAKnownKindReadsAndWritesUnchanged) {
   EXPECT_TRUE(drawing.check().empty()) << drawing.check().front().text;
 }
 
+TEST_P(Corpus, ALinetypeIsReadAsWithTheOtherCommonValues) {
+  const Drawing drawing = Drawing::open(GetParam().drawing);
+  for (std::uint32_t i = 0; i < drawing.spaces().size(); ++i) {
+    for (const RecordId id : drawing.entities(static_cast<SpaceId>(i))) {
+      EXPECT_EQ(drawing.read_linetype_name(id), drawing.read_common(id).linetype);
+    }
+  }
+}
+
+/// Kinds whose geometry is a list of tags, or means nothing but its points.
+bool is_area_or_curve(Kind kind) {
+  constexpr Kind kinds[] = {Kind::hatch,  Kind::solid, Kind::trace, Kind::face3d,   Kind::spline,
+                            Kind::leader, Kind::ray,   Kind::xline, Kind::ole2frame};
+  return std::find(std::begin(kinds), std::end(kinds), kind) != std::end(kinds);
+}
+
+Box box_of(const Drawing& drawing, RecordId id) { return extents(drawing, id).value_or(Box{}); }
+
+TEST_P(Corpus, AreasAndCurvesMoveThereAndBackAndNothingElse) {
+  const std::string before = contents(GetParam().drawing);
+  const Drawing original = Drawing::open(GetParam().drawing);
+  int tried = 0;
+  for (std::uint32_t i = 0; i < original.size() && tried < 60; ++i) {
+    const auto id = static_cast<RecordId>(i);
+    if (!is_area_or_curve(original.record(id).kind)) continue;
+    ++tried;
+    Drawing drawing = Drawing::open(GetParam().drawing);
+    const Box box = box_of(drawing, id);
+    const auto move = [&](const Matrix& matrix) {
+      Body body = drawing.read_body(id);
+      std::visit(
+          [&](auto& shape) {
+            if constexpr (requires { transform(shape, matrix); }) transform(shape, matrix);
+          },
+          body);
+      drawing.write_body(id, body);
+    };
+    move(translation({1024, -512, 0}));
+    ASSERT_EQ(drawing.changes().modified.size(), 1U);
+    const Difference found = difference(before, drawing.bytes());
+    EXPECT_GE(found.begin, original.record(id).begin);
+    EXPECT_LE(found.begin + found.in_before, original.record(id + 1).begin);
+    Drawing again = Drawing::read(drawing.bytes(), "again");
+    const Box moved = box_of(again, id);
+    move(translation({-1024, 512, 0}));
+    const Box back = box_of(drawing, id);
+    if (box.empty()) continue;
+    const double near = 1e-9 * (1024 + norm(box.min));
+    EXPECT_LE(norm(moved.min - box.min - Point{1024, -512, 0}), near);
+    EXPECT_LE(norm(back.min - box.min) + norm(back.max - box.max), near);
+  }
+}
+
 TEST(BadCorpus, OpensWithWarningsOrIsRefusedWithAMessage) {
   for (const auto& entry : std::filesystem::directory_iterator(corpus / "bad")) {
     const std::string name = entry.path().filename().string();
@@ -232,6 +286,44 @@ TEST(BadCorpus, OpensWithWarningsOrIsRefusedWithAMessage) {
       EXPECT_NE(std::string(error.what()).find("mark of a binary DXF"), std::string::npos);
     }
   }
+}
+
+/// The ENTITIES section with what follows up to the objects.
+std::string entities_section(const std::string& bytes) {
+  const std::size_t begin = bytes.find("ENTITIES");
+  return bytes.substr(begin, bytes.find("OBJECTS", begin) - begin);
+}
+
+TEST_P(Corpus, PurgingKeepsEntitiesAndReferences) {
+  Drawing drawing = Drawing::open(GetParam().drawing);
+  const std::string before = drawing.bytes();
+  const std::size_t faults = drawing.broken_references().size();
+  for (int pass = 0; drawing.purge() > 0; ++pass) ASSERT_LT(pass, 20);
+  EXPECT_TRUE(drawing.changes().modified.empty());
+  const std::string after = drawing.bytes();
+  EXPECT_EQ(entities_section(after) == entities_section(before), true);
+  const Drawing saved = Drawing::read(after, "purged.dxf");
+  EXPECT_LE(saved.broken_references().size(), faults);
+  EXPECT_EQ(kinds_in(saved, SpaceId::model), GetParam().facts["model_by_type"].get<Counts>());
+}
+
+TEST_P(Corpus, SheetsChangePlacesAndBack) {
+  Drawing drawing = Drawing::open(GetParam().drawing);
+  const std::size_t faults = drawing.broken_references().size();
+  std::map<std::string, Counts> wanted;
+  for (const Layout& layout : drawing.layouts()) {
+    if (layout.space != SpaceId::none) wanted[layout.name] = kinds_in(drawing, layout.space);
+  }
+  for (const Layout& layout : std::vector(drawing.layouts())) {
+    if (layout.space != SpaceId::none) drawing.activate_layout(layout.space);
+  }
+  const Drawing saved = Drawing::read(drawing.bytes(), "saved.dxf");
+  EXPECT_LE(saved.broken_references().size(), faults);
+  std::map<std::string, Counts> found;
+  for (const Layout& layout : saved.layouts()) {
+    if (layout.space != SpaceId::none) found[layout.name] = kinds_in(saved, layout.space);
+  }
+  EXPECT_EQ(found, wanted);
 }
 
 }  // namespace

@@ -235,7 +235,7 @@ TEST(Document, AnswersAndLastFollowTheActiveSpace) {
 
 TEST(Application, TellsWhatItIs) {
   HostScene scene;
-  EXPECT_EQ(scene.app().Caption(), "Velmar 0.1.0 - [plan.dxf]");
+  EXPECT_EQ(scene.app().Caption(), "Velmar 2006 - [plan.dxf]");
   EXPECT_EQ(scene.app().get<host::Application>(Member::Application).object(), scene.application);
   const host::Entity line = scene.document().HandleToObject("30");
   EXPECT_EQ(line.get<host::Application>(Member::Application).object(), scene.application);

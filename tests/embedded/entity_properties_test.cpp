@@ -52,7 +52,7 @@ TEST(EntityProperties, AreDerivedFromTheFields) {
       {"3E", Member::HasAttributes, true},
       {"3E", Member::EffectiveName, "DOOR"},
       {"3F", Member::TagString, "NUMBER"},
-      {"41", Member::ObjectName, "AcDbMText"},
+      {"41", Member::ObjectName, "AcDbMline"},
       {"41", Member::Layer, "0"},
       {"41", Member::Visible, true},
   };

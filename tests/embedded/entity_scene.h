@@ -77,7 +77,7 @@ inline std::string head(const std::string& kind, const std::string& handle,
   return "0 " + kind + "\n5 " + handle + "\n330 1F\n100 AcDbEntity\n8 " + layer + "\n";
 }
 
-/// One entity of every kind whose fields are known, by handle.
+/// One entity of many kinds whose fields are known, by handle, and one of a kind kept whole.
 inline std::string one_of_each() {
   return head("LINE", "30") + "100 AcDbLine\n10 1\n20 2\n30 0\n11 4\n21 6\n31 0\n" +  //
          head("ARC", "31") +
@@ -104,7 +104,7 @@ inline std::string one_of_each() {
          head("ATTRIB", "3F") +
          "100 AcDbText\n10 11\n20 0\n30 0\n40 1\n1 D1\n100 AcDbAttribute\n2 NUMBER\n70 0\n" +  //
          head("SEQEND", "40") +                                                                //
-         head("MTEXT", "41") + "100 AcDbMText\n10 0\n20 0\n30 0\n40 1\n1 long text\n";
+         head("MLINE", "41") + "100 AcDbMline\n2 STANDARD\n40 1\n";
 }
 
 /// A document in memory, and its objects by member.

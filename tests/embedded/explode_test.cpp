@@ -212,8 +212,7 @@ TEST(Explode, KeepsNestedReferences) {
 }
 
 TEST(Explode, RefusesBeforeAnythingIsAdded) {
-  const std::string note =
-      inside("MTEXT", "57", "8 0\n") + "100 AcDbMText\n10 0\n20 0\n30 0\n40 1\n1 note\n";
+  const std::string note = inside("MLINE", "57", "8 0\n") + "100 AcDbMline\n2 STANDARD\n40 1\n";
   const auto refused = [](const std::string& content, const std::string& fields,
                           std::int32_t number, const std::string& named) {
     const EntityScene scene = with_part(part_line + content, reference(fields));
@@ -227,7 +226,7 @@ TEST(Explode, RefusesBeforeAnythingIsAdded) {
     }
     EXPECT_EQ(scene.bytes(), before);
   };
-  refused(note, "10 5\n20 0\n30 0\n", not_supported, "MTEXT");
+  refused(note, "10 5\n20 0\n30 0\n", not_supported, "MLINE");
   refused(nested, "10 0\n20 0\n30 0\n41 2\n", not_supported, "oblique");
   refused("", "10 0\n20 0\n30 0\n41 0\n", invalid_input, "");
 
@@ -235,7 +234,7 @@ TEST(Explode, RefusesBeforeAnythingIsAdded) {
   const EntityScene scene = with_part(note, reference("10 1\n20 0\n30 0\n", "8 Walls\n"));
   const Objects made = explode(scene, "30");
   ASSERT_EQ(made.size(), 1U);
-  EXPECT_EQ(text(made[0], Member::ObjectName), "AcDbMText");
+  EXPECT_EQ(text(made[0], Member::ObjectName), "AcDbMline");
   EXPECT_EQ(text(made[0], Member::Layer), "Walls");
 }
 

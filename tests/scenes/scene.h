@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -44,9 +45,15 @@ class Scene {
   /// The host's own objects, without COM between.
   host::Application application() const { return host::Application(application_); }
   host::Document document() const { return application().ActiveDocument(); }
+  /// T may be host::Entity, for one of any kind.
   template <class T>
   T entity(std::string_view handle) const {
-    return host::as<T>(document().HandleToObject(handle));
+    const host::Entity found = document().HandleToObject(handle);
+    if constexpr (std::same_as<T, host::Entity>) {
+      return found;
+    } else {
+      return host::as<T>(found);
+    }
   }
   bool has(std::string_view handle) const;
   drawing::Drawing& drawing() const { return application_->active()->drawing; }

@@ -5,11 +5,7 @@
 namespace velmar::drawing::dxf {
 
 void FieldReader::report(const Tag& tag, std::string_view expected) {
-  if (problem_) return;
-  std::string text = "group " + std::to_string(tag.code) + ": expected " + std::string(expected);
-  if (!record_.format().binary)
-    text += ", found \"" + std::string(record_.text(tag).substr(0, 40)) + '"';
-  problem_ = Problem{tag.value, std::move(text)};
+  if (!problem_) problem_ = problem_at(record_, tag, expected);
 }
 
 bool FieldReader::take_real(const Tag& tag, double& value) {
@@ -55,6 +51,51 @@ bool FieldReader::read(int code, Degrees& value) {
   if (!read(code, degrees)) return false;
   value.radians = degrees * radians_of_degree;
   return true;
+}
+
+bool FieldReader::read(int code, Chunked& value) {
+  const auto& tags = record_.tags();
+  std::string joined;  // before it is decoded: a character may be cut between two pieces
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    if (tags[i].code == value.before && !tags[i].in_group) joined += record_.text(tags[i]);
+  }
+  const Tag* last = range_.find(code);
+  if (last) joined += record_.text(*last);
+  if (!joined.empty() || last) value.text = decode_text(joined, record_.format());
+  return last != nullptr;
+}
+
+template <>
+void FieldReader::repeated(int code, std::vector<double>& list) {
+  list.clear();
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (!tag.in_group && tag.code == code) take_real(tag, list.emplace_back());
+  }
+}
+
+template <>
+void FieldReader::repeated(int code, std::vector<Point>& list) {
+  list.clear();
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group) continue;
+    if (tag.code == code) take_real(tag, list.emplace_back().x);
+    if (list.empty()) continue;
+    if (tag.code == code + 10) take_real(tag, list.back().y);
+    if (tag.code == code + 20) take_real(tag, list.back().z);
+  }
+}
+
+void FieldReader::long_texts(int code, int more, std::vector<std::string>& list) {
+  list.clear();
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group) continue;
+    if (tag.code == code) list.emplace_back();
+    const bool counts = tag.code == code || (tag.code == more && !list.empty());
+    if (counts) list.back() += record_.text(tag);
+  }
 }
 
 void FieldReader::vertices(std::vector<BulgeVertex>& list) {

@@ -37,6 +37,11 @@ void FieldWriter::subclass(std::string_view name) {
 
 void FieldWriter::any_subclass() { enter(range_.any_subclass()); }
 
+bool FieldWriter::embedded_object() {
+  only_present_ = true;
+  return range_.embedded_object();
+}
+
 void FieldWriter::replace(const Tag& tag, std::string bytes) {
   edits_.push_back({tag.value, tag.value_end - tag.value, std::move(bytes)});
 }
@@ -50,7 +55,7 @@ void FieldWriter::write_real(const Tag& tag, double value) {
 
 void FieldWriter::write(int code, double value, bool omit) {
   if (const Tag* tag = range_.find(code)) return write_real(*tag, value);
-  if (omit) return;
+  if (omit || only_present_) return;
   std::string bytes;
   append_real(bytes, code, value, format_);
   insert(std::move(bytes));
@@ -69,7 +74,7 @@ void FieldWriter::write(int code, std::int32_t value, bool omit) {
     if (integer_value(record_.bytes(), *tag, format_) == value) return;
     return replace(*tag, integer_bytes(code, value, format_));
   }
-  if (omit) return;
+  if (omit || only_present_) return;
   std::string bytes;
   append_integer(bytes, code, value, format_);
   insert(std::move(bytes));
@@ -81,14 +86,56 @@ void FieldWriter::write(int code, const std::string& value, bool omit) {
     if (is_same(code, text_value(record_.bytes(), *tag, format_), value)) return;
     return replace(*tag, text_bytes(value, format_));
   }
-  if (omit) return;
+  if (omit || only_present_) return;
   std::string bytes;
   append_text(bytes, code, value, format_);
   insert(std::move(bytes));
 }
 
+std::string FieldWriter::chunks(int code, const Chunked& value) const {
+  constexpr std::size_t most = 250;
+  const std::string_view text = value.text;
+  std::string bytes;
+  std::size_t piece = 0, stored = 0;  // where the piece begins, and its bytes in the file
+  for (std::size_t at = 0, next = 0; at < text.size(); at = next) {
+    next = at + 1;
+    while (next < text.size() && (text[next] & 0xC0) == 0x80) ++next;
+    const std::size_t size = text_bytes(text.substr(at, next - at), format_).size();
+    if (stored + size > most) {
+      append_text(bytes, value.before, text.substr(piece, at - piece), format_);
+      piece = at;
+      stored = 0;
+    }
+    stored += size;
+  }
+  append_text(bytes, code, text.substr(piece), format_);
+  return bytes;
+}
+
+/// New pieces stand where the first of the old ones stood.
+void FieldWriter::write(int code, const Chunked& value, bool omit) {
+  std::string present;
+  Chunked there{present, value.before};
+  FieldReader reader(record_, range_);
+  reader("", code, there);
+  const auto& tags = record_.tags();
+  std::vector<const Tag*> pieces;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const bool is_piece = tags[i].code == value.before || tags[i].code == code;
+    if (is_piece && !tags[i].in_group) pieces.push_back(&tags[i]);
+  }
+  if (!pieces.empty()) pass(*pieces.back());
+  if (pieces.empty() ? omit || only_present_ : present == value.text) return;
+  if (pieces.empty()) return insert(chunks(code, value));
+  for (const Tag* piece : pieces) {
+    const bool first = piece == pieces.front();
+    edits_.push_back(
+        {piece->begin, piece->next - piece->begin, first ? chunks(code, value) : std::string()});
+  }
+}
+
 void FieldWriter::write(int code, const Point& value, bool omit) {
-  if (omit && !range_.find(code)) return;
+  if ((omit || only_present_) && !range_.find(code)) return;
   write(code, value.x, false);
   write(code + 10, value.y, false);
   // A point that has no z in the file gets one only when it needs it.
@@ -144,15 +191,82 @@ void FieldWriter::vertices(const std::vector<BulgeVertex>& list) {
   edits_.push_back({tags[first].begin, tags[last - 1].next - tags[first].begin, std::move(bytes)});
 }
 
+void FieldWriter::take_row(const RowWriter& row, std::size_t first, std::size_t last, bool omit) {
+  if (last == first) {
+    if (!omit || complete_) insert(row.bytes());
+    return;
+  }
+  const auto& tags = record_.tags();
+  pass(tags[last - 1]);
+  if (row.fits()) {
+    edits_.insert(edits_.end(), row.edits().begin(), row.edits().end());
+  } else {
+    edits_.push_back({tags[first].begin, tags[last - 1].next - tags[first].begin, row.bytes()});
+  }
+}
+
+void FieldWriter::absent(std::initializer_list<int> codes) { replace_run(codes, {}); }
+
+void FieldWriter::replace_run(std::initializer_list<int> codes, std::string bytes) {
+  bool is_first = true;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group || std::ranges::find(codes, tag.code) == codes.end()) continue;
+    edits_.push_back({tag.begin, tag.next - tag.begin, is_first ? std::move(bytes) : ""});
+    is_first = false;
+  }
+  if (is_first && !bytes.empty()) insert(std::move(bytes));
+}
+
+void FieldWriter::repeated(int code, const std::vector<double>& list) {
+  std::vector<const Tag*> present;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (!tag.in_group && tag.code == code) present.push_back(&tag);
+  }
+  if (present.size() == list.size()) {
+    for (std::size_t i = 0; i < list.size(); ++i) write_real(*present[i], list[i]);
+    return;
+  }
+  std::string bytes;
+  for (const double number : list) append_real(bytes, code, number, format_);
+  replace_run({code}, std::move(bytes));
+}
+
+void FieldWriter::repeated(int code, const std::vector<Point>& list) {
+  std::vector<Point> present;
+  FieldReader(record_, range_).repeated(code, present);
+  const auto needs_z = [](const Point& point) { return point.z != 0; };
+  const bool lacks_z = !range_.find(code + 20) && std::ranges::any_of(list, needs_z);
+  if (present.size() != list.size() || lacks_z) {
+    std::string bytes;
+    for (const Point& point : list) {
+      append_real(bytes, code, point.x, format_);
+      append_real(bytes, code + 10, point.y, format_);
+      append_real(bytes, code + 20, point.z, format_);
+    }
+    return replace_run({code, code + 10, code + 20}, std::move(bytes));
+  }
+  std::size_t met = 0;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group) continue;
+    if (tag.code == code) write_real(tag, list[met++].x);
+    if (met == 0) continue;
+    if (tag.code == code + 10) write_real(tag, list[met - 1].y);
+    if (tag.code == code + 20) write_real(tag, list[met - 1].z);
+  }
+}
+
 std::string FieldWriter::result() const {
-  std::vector<const Edit*> ordered;
-  for (const Edit& edit : edits_) ordered.push_back(&edit);
+  std::vector<const TagEdit*> ordered;
+  for (const TagEdit& edit : edits_) ordered.push_back(&edit);
   std::stable_sort(ordered.begin(), ordered.end(),
-                   [](const Edit* a, const Edit* b) { return a->at < b->at; });
+                   [](const TagEdit* a, const TagEdit* b) { return a->at < b->at; });
   const std::string_view bytes = record_.bytes();
   std::string result;
   std::size_t copied = 0;
-  for (const Edit* edit : ordered) {
+  for (const TagEdit* edit : ordered) {
     result.append(bytes, copied, edit->at - copied).append(edit->bytes);
     copied = edit->at + edit->length;
   }

@@ -94,7 +94,8 @@ void load_binary(Store& store) {
 void load(Store& store) {
   const std::string_view bytes = store.source.bytes();
   if (bytes.starts_with("AC10") || bytes.starts_with("AC1.") || bytes.starts_with("AC2.")) {
-    refuse(store, "is a DWG drawing; expected DXF. Save it as DXF first");
+    refuse(store, "is a DWG drawing (" + std::string(bytes.substr(0, 6)) +
+                      "); DWG drawings cannot be read yet. Save it as DXF first");
   }
   if (bytes.starts_with(binary_name)) return load_binary(store);
   load_text(store, bytes.starts_with(utf8_mark) ? utf8_mark.size() : 0);

@@ -34,12 +34,26 @@ bool TagRange::advance(Wanted wanted) {
   const auto& tags = record_.tags();
   for (std::size_t i = first_; i < record_.xdata(); ++i) {
     if (tags[i].code != 100 || !wanted(record_.text(tags[i]))) continue;
-    first_ = last_ = i + 1;
-    while (last_ < record_.xdata() && tags[last_].code != 100) ++last_;
+    first_ = i + 1;
+    last_ = end_of_part(first_);
     return true;
   }
   last_ = record_.xdata();
   return false;
+}
+
+std::size_t TagRange::end_of_part(std::size_t first) const {
+  const auto& tags = record_.tags();
+  while (first < record_.xdata() && tags[first].code != 100 && tags[first].code != 101) ++first;
+  return first;
+}
+
+bool TagRange::embedded_object() {
+  const auto& tags = record_.tags();
+  const bool found = record_.has_markers() && last_ < record_.xdata() && tags[last_].code == 101;
+  first_ = found ? last_ + 1 : last_;
+  last_ = found ? end_of_part(first_) : last_;
+  return found;
 }
 
 bool TagRange::subclass(std::string_view name) {

@@ -51,14 +51,22 @@ class TagRange {
   bool subclass(std::string_view name);
   /// Goes on to the next subclass but AcDbEntity.
   bool any_subclass();
+  /// Goes on to an object that is embedded in the subclass (behind group 101), of which the
+  /// subclass itself does not see the tags; false, and nothing is found, where there is none.
+  bool embedded_object();
   /// The first tag of that code in the range, or null.
   const Tag* find(int code) const;
+  /// Where in the record's list of tags one is that find() gave.
+  std::size_t position(const Tag* tag) const {
+    return static_cast<std::size_t>(tag - record_.tags().data());
+  }
   std::size_t first() const { return first_; }
   std::size_t last() const { return last_; }
 
  private:
   template <class Wanted>
   bool advance(Wanted wanted);
+  std::size_t end_of_part(std::size_t first) const;
 
   const RecordTags& record_;
   std::size_t first_ = 1, last_;

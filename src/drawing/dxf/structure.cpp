@@ -67,7 +67,8 @@ void Structure::begin(std::size_t offset, const Head& head) {
   Record& record = store_.records.emplace_back();
   record.begin = offset;
   record.kind = kind_;
-  record.handle = parse_handle(head.handle);
+  // What looks like the handle of a section is the value of a header variable.
+  if (kind_ != Kind::section) record.handle = parse_handle(head.handle);
   const bool in_drawing_section = section_ == Section::entities || block_ != SpaceId::none;
   if (in_drawing_section && kind_ > Kind::block_record) {
     begin_entity(record, head);
@@ -125,6 +126,8 @@ void Structure::end() {
   if (kind_ == Kind::section) return end_section_start();
   if (kind_ == Kind::endsec) {
     if (section_ == Section::entities) store_.landmarks.end_of_entities = current_;
+    if (section_ == Section::blocks) store_.landmarks.end_of_blocks = current_;
+    if (section_ == Section::objects) store_.landmarks.end_of_objects = current_;
     section_ = Section::none;
     block_ = SpaceId::none;
     whole_ = RecordId::none;
@@ -164,6 +167,7 @@ void Structure::end_section_start() {
              : name == "ENTITIES" ? Section::entities
              : name == "OBJECTS"  ? Section::objects
                                   : Section::other;
+  if (section_ == Section::entities) store_.landmarks.entities = current_;
   if (section_ == Section::header && store_.landmarks.header == RecordId::none) read_header();
 }
 
@@ -200,7 +204,7 @@ void Structure::end_table_row() {
   if (marks.first_row == RecordId::none) marks.first_row = current_;
   if (kind_ == Kind::layer) return end_layer();
   if (kind_ == Kind::block_record) return end_block_record();
-  store_.rows.push_back({table_, reader.first_text(2)});
+  store_.rows.push_back({table_, reader.first_text(2), current_});
 }
 
 void Structure::end_layer() {
@@ -316,11 +320,9 @@ void Structure::finish_layouts() {
     store_.layouts.push_back(named.layout);
   }
   current_ = RecordId::none;
-  if (layouts_.empty()) {
-    if (const auto paper = store_.find_space("*Paper_Space");
-        paper && !store_.spaces[index(*paper)].entities.empty()) {
-      store_.layouts.push_back({"Layout1", 1, *paper, RecordId::none});
-    }
+  const bool has_paper = !store_.format.has_subclasses() || store_.find_space("*Paper_Space");
+  if (layouts_.empty() && has_paper) {  // before releases that have layouts there was one sheet
+    store_.layouts.push_back({"Layout1", 1, paper_space(), RecordId::none});
   }
   std::stable_sort(store_.layouts.begin() + 1, store_.layouts.end(),
                    [](const Layout& a, const Layout& b) { return a.tab < b.tab; });

@@ -5,6 +5,7 @@
 #include "drawing/geometry/conic.h"
 #include "drawing/geometry/ocs.h"
 #include "drawing/geometry/plane_map.h"
+#include "drawing/geometry/quadrature.h"
 
 namespace velmar::drawing {
 
@@ -26,44 +27,6 @@ Conic conic(const Ellipse& ellipse) {
 /// The angle in the same turn of the circle as `near`.
 double beside(double near, double angle) {
   return angle + full_turn * std::round((near - angle) / full_turn);
-}
-
-/// Gauss-Legendre with eight points.
-template <class Function>
-double quadrature(const Function& f, double from, double to) {
-  constexpr double nodes[] = {0.1834346424956498, 0.5255324099163290, 0.7966664774136267,
-                              0.9602898564975363};
-  constexpr double weights[] = {0.3626837833783620, 0.3137066458778873, 0.2223810344533745,
-                                0.1012285362903763};
-  const double middle = (from + to) / 2, half = (to - from) / 2;
-  double sum = 0;
-  for (int i = 0; i < 4; ++i)
-    sum += weights[i] * (f(middle - half * nodes[i]) + f(middle + half * nodes[i]));
-  return sum * half;
-}
-
-/// Halves the way until halving changes nothing; `depth` bounds the work for values that are no
-/// numbers.
-template <class Function>
-double integral(const Function& f, double from, double to, int depth = 40) {
-  const double middle = (from + to) / 2;
-  const double whole = quadrature(f, from, to);
-  const double halves = quadrature(f, from, middle) + quadrature(f, middle, to);
-  if (depth == 0 || !(std::abs(halves - whole) > 1e-14 * std::abs(halves))) return halves;
-  return integral(f, from, middle, depth - 1) + integral(f, middle, to, depth - 1);
-}
-
-/// Two conjugate half diameters as half axes: both turned by the parameter that makes them square
-/// to each other, the longer one first. Returns that parameter.
-double make_square(Point& cosine, Point& sine) {
-  const double mixed = dot(cosine, sine), a = dot(cosine, cosine), b = dot(sine, sine);
-  const bool square = std::abs(mixed) <= 1e-13 * std::sqrt(a * b);
-  if (square && b <= a * (1 + 1e-13)) return 0;
-  const double t = square ? std::numbers::pi / 2 : std::atan2(2 * mixed, a - b) / 2;
-  const Point old = cosine;
-  cosine = old * std::cos(t) + sine * std::sin(t);
-  sine = sine * std::cos(t) - old * std::sin(t);
-  return t;
 }
 
 }  // namespace

@@ -7,11 +7,10 @@
 #include <optional>
 #include <utility>
 
-#include "drawing/entities/text_layout.h"
+#include "drawing/entities/text_size.h"
 #include "drawing/geometry/angle.h"
 #include "drawing/geometry/ocs.h"
 #include "drawing/geometry/plane_map.h"
-#include "drawing/geometry/stroke_font.h"
 
 namespace velmar::drawing {
 
@@ -33,7 +32,7 @@ Point start_from_anchor(const Text& text, const TextSize& size) {
   Point start;
   if (text.horizontal == center || text.horizontal == middle) start.x = -size.width / 2;
   if (text.horizontal == right) start.x = -size.width;
-  if (text.vertical == bottom) start.y = text.height * stroke_font_descent;
+  if (text.vertical == bottom) start.y = text.height * font_of(text).descent();
   if (text.vertical == vertical_middle) start.y = -text.height / 2;
   if (text.vertical == top) start.y = -text.height;
   const bool about_strokes = text.horizontal == middle && text.vertical == baseline;
@@ -56,14 +55,14 @@ using Corners = std::array<Point, 4>;
 std::optional<Corners> corners(const Text& given) {
   const Text text = stretched(given);
   const TextSize size = natural_size(text);
-  if (!(size.width > 0)) return {};
+  if (!size.drawn) return {};
   constexpr double steepest = 85 * std::numbers::pi / 180;
   const double lean = std::tan(std::clamp(text.oblique, -steepest, steepest));
   const Point start = start_from_anchor(text, size);
   const auto corner = [&](double x, double y) {
     return in_ocs(text, start + Point{x + lean * y, y, 0});
   };
-  double x0 = 0, x1 = size.width, y0 = -size.descent, y1 = size.ascent;
+  double x0 = size.left, x1 = size.right, y0 = -size.descent, y1 = size.ascent;
   if ((text.generation & backward_flag) != 0) std::swap(x0, x1);
   if ((text.generation & upside_down_flag) != 0) std::swap(y0, y1);
   return Corners{corner(x0, y0), corner(x1, y0), corner(x1, y1), corner(x0, y1)};
@@ -95,6 +94,16 @@ void keep_readable(Text& text, Point old_direction, std::optional<Point> text_mi
 }
 
 }  // namespace
+
+Matrix text_plane(const Text& text) {
+  const Point start = start_from_anchor(text, natural_size(text));
+  const Point origin = in_ocs(text, start);
+  return {in_ocs(text, start + x_axis) - origin,
+          in_ocs(text, start + y_axis) - origin,
+          z_axis,
+          origin,
+          {}};
+}
 
 Text stretched(const Text& text) {
   if (!is_stretched(text)) return text;

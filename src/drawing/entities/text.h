@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "drawing/entities/field.h"
+#include "drawing/fonts/font.h"
 #include "drawing/geometry/box.h"
 #include "drawing/geometry/matrix.h"
 
@@ -26,6 +27,8 @@ struct Text {
   std::int32_t vertical = 0;    // 0 baseline, 1 bottom, 2 middle, 3 top
   double thickness = 0;
   Point normal = z_axis;
+
+  FontPointer font = {};  // of its style; the drawing sets it, without one it is a stroke font
 };
 
 /// The fields of the first AcDbText subclass.
@@ -55,15 +58,17 @@ void fields(Fields& field, Text& text) {
 
 /// How wide and how tall a text is drawn, in drawing units, before rotation. From the style's font.
 struct TextSize {
-  double width = 0;    // of the drawn characters, trailing blanks left out
-  double ascent = 0;   // above the baseline
-  double descent = 0;  // below it, positive
+  double width = 0;            // as justification counts it, trailing blanks left out
+  double ascent = 0;           // of what is drawn, above the baseline
+  double descent = 0;          // below it, positive
+  double left = 0, right = 0;  // of what is drawn, from where the first character begins
+  bool drawn = false;          // false for blanks only
 };
 
 /// The text as drawn: `%%c`, `%%d`, `%%p`, `%%nnn`, `%%%` resolved, `%%u`, `%%o`, `%%k` taken out.
 std::string plain_text(const Text& text);
 
-/// Line-by-line metric of a plain sans-serif stroke font, where the style's font is not at hand.
+/// The size as drawn: of an aligned or fitted text, between its two points.
 TextSize measure(const Text& text);
 
 /// The lower left corner of the drawn text in the OCS: for justified texts it follows from the

@@ -49,6 +49,17 @@ int chord_count(double sweep, double step) {
   return static_cast<int>(std::min(chords, most_chords));
 }
 
+double make_square(Point& cosine, Point& sine) {
+  const double mixed = dot(cosine, sine), a = dot(cosine, cosine), b = dot(sine, sine);
+  const bool square = std::abs(mixed) <= 1e-13 * std::sqrt(a * b);
+  if (square && b <= a * (1 + 1e-13)) return 0;
+  const double t = square ? std::numbers::pi / 2 : std::atan2(2 * mixed, a - b) / 2;
+  const Point old = cosine;
+  cosine = old * std::cos(t) + sine * std::sin(t);
+  sine = sine * std::cos(t) - old * std::sin(t);
+  return t;
+}
+
 double segment_area(double radius, double sweep) {
   // sweep - sin(sweep) cancels for flat arcs, whose radius is large: there by its series.
   const double s = sweep * sweep;

@@ -28,6 +28,9 @@ std::vector<Point> outline(const Conic& conic);
 /// How many chords of at most `step` radians it takes for a sweep; at least 1 and a bounded number
 /// whatever the arguments are.
 int chord_count(double sweep, double step);
+/// Two conjugate half diameters as half axes: both turned by the parameter that makes them square
+/// to each other, the longer one first. Returns that parameter.
+double make_square(Point& cosine, Point& sine);
 /// Between a circular arc and its chord, with the sign of the sweep.
 double segment_area(double radius, double sweep);
 

@@ -109,7 +109,7 @@ std::optional<Value> get_property(const Body& body, Member member) {
 }
 
 bool put_property(const drawing::Drawing& drawing, Body& body, Member member, const Value& value) {
-  return std::visit(
+  const bool found = std::visit(
       [&]<class Kind>(Kind& kind) {
         if (hides(kind, member)) return false;
         if constexpr (IsText<Kind>) require_alignment_point_used(kind, member);
@@ -117,13 +117,19 @@ bool put_property(const drawing::Drawing& drawing, Body& body, Member member, co
         if constexpr (std::derived_from<Kind, Attrib>) {
           done = done || put_row<Attrib>(kind, member, value) || put_row<Text>(kind, member, value);
         }
-        done = done || put_field(drawing, kind, member, value);
-        if constexpr (IsText<Kind>) {
-          if (done && !is_stretched(kind)) place(kind);
-        }
-        return done;
+        return done || put_field(drawing, kind, member, value);
       },
       body);
+  if (!found) return false;
+  if (member == Member::StyleName) drawing.apply_style(body);
+  std::visit(
+      []<class Kind>(Kind& kind) {
+        if constexpr (IsText<Kind>) {
+          if (!is_stretched(kind)) place(kind);
+        }
+      },
+      body);
+  return true;
 }
 
 std::optional<Effect> method_effect(const Body& body, Member member, std::size_t arguments) {

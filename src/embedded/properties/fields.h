@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,10 +17,18 @@ namespace velmar::embedded {
 struct FieldVisitor {
   void subclass(std::string_view) {}
   void any_subclass() {}
+  bool embedded_object() { return false; }
   template <class List>
   void count(int, List&) {}
   template <class List>
   void vertices(List&) {}
+  template <class List>
+  void repeated(int, List&) {}
+  template <class List>
+  void row(int, List&) {}
+  void absent(std::initializer_list<int>) {}
+  template <class List>
+  void long_texts(int, int, List&) {}
 };
 
 /// Reads the field of that name: points in world coordinates, angles in radians.
@@ -40,6 +49,7 @@ class FieldGet : public FieldVisitor {
   Value value_of(const std::string& text) const { return text; }
   Value value_of(drawing::Point point) const { return to_value(point); }
   Value value_of(const drawing::Degrees& angle) const { return angle.radians; }
+  Value value_of(const drawing::Chunked& text) const { return text.text; }
   Value value_of(const drawing::Ocs& ocs) const {
     return to_value(drawing::ocs_to_world(normal_)(ocs.point));
   }
@@ -74,6 +84,7 @@ class FieldPut : public FieldVisitor {
   void set(std::string& text) { text = checked_text(drawing_, member_, value_); }
   void set(drawing::Point& point) { point = to_point(value_, name_, member_); }
   void set(drawing::Degrees& angle) { angle.radians = checked_number(member_, value_); }
+  void set(drawing::Chunked& text) { set(text.text); }
   void set(drawing::Ocs& ocs) {
     ocs.point = drawing::world_to_ocs(normal_)(to_point(value_, name_, member_));
   }

@@ -18,7 +18,23 @@ std::span<const Property<drawing::LwPolyline>> properties(const drawing::LwPolyl
 std::span<const Property<drawing::Polyline>> properties(const drawing::Polyline&);
 std::span<const Property<drawing::Text>> properties(const drawing::Text&);
 std::span<const Property<drawing::Attrib>> properties(const drawing::Attrib&);
+std::span<const Property<drawing::MText>> properties(const drawing::MText&);
+std::span<const Property<drawing::Tolerance>> properties(const drawing::Tolerance&);
+std::span<const Property<drawing::Hatch>> properties(const drawing::Hatch&);
+std::span<const Property<drawing::Solid>> properties(const drawing::Solid&);
+std::span<const Property<drawing::Trace>> properties(const drawing::Trace&);
+std::span<const Property<drawing::Face>> properties(const drawing::Face&);
+std::span<const Property<drawing::Spline>> properties(const drawing::Spline&);
+std::span<const Property<drawing::Leader>> properties(const drawing::Leader&);
+std::span<const Property<drawing::Ray>> properties(const drawing::Ray&);
+std::span<const Property<drawing::Xline>> properties(const drawing::Xline&);
+std::span<const Property<drawing::OleFrame>> properties(const drawing::OleFrame&);
 
+std::span<const Method<drawing::Solid>> methods(const drawing::Solid&);
+std::span<const Method<drawing::Trace>> methods(const drawing::Trace&);
+std::span<const Method<drawing::Face>> methods(const drawing::Face&);
+std::span<const Method<drawing::Spline>> methods(const drawing::Spline&);
+std::span<const Method<drawing::Leader>> methods(const drawing::Leader&);
 std::span<const Method<drawing::LwPolyline>> methods(const drawing::LwPolyline&);
 std::span<const Method<drawing::Polyline>> methods(const drawing::Polyline&);
 
@@ -35,6 +51,7 @@ std::span<const Method<Body>> methods(const Body&) {
 /// Fields of the list that this very entity does not show.
 bool hides(const drawing::Polyline& polyline, Member member);
 bool hides(const drawing::Insert& insert, Member member);
+bool hides(const drawing::Spline& spline, Member member);
 template <class Body>
 bool hides(const Body&, Member) {
   return false;

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace velmar::cli {
+
+/// Where command lines and the answers between them come from: a script, or a user at a terminal.
+class Lines {
+ public:
+  virtual ~Lines() = default;
+  /// The next command line; nothing at the end.
+  virtual std::optional<std::string> command() = 0;
+  /// The answer to a question as it was typed; nothing where the question is cancelled.
+  virtual std::optional<std::string> answer(const std::string& prompt) = 0;
+  /// Why the last question was cancelled, where it was not the user's wish; else empty.
+  virtual std::string why_cancelled() const { return {}; }
+};
+
+}  // namespace velmar::cli

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmar::cli {
+
+/// A program that runs beside this one. What is still running at the end of its object is killed.
+class Process {
+ public:
+  /// Standard output and standard error go to these files. Fails with drawing::Error where the
+  /// program does not start.
+  Process(const std::vector<std::string>& command, const std::filesystem::path& output,
+          const std::filesystem::path& errors);
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+  ~Process();
+
+  /// How it ended: its exit code; 256 and more for a crash (256 + the signal, where the system has
+  /// signals). Nothing as long as it runs.
+  std::optional<int> ended();
+  void kill();
+
+ private:
+  struct Handle;
+  std::unique_ptr<Handle> handle_;
+};
+
+/// The file of the program that is running.
+std::string own_program();
+
+/// How many processors this program may use.
+unsigned processors();
+
+}  // namespace velmar::cli

@@ -1,0 +1,103 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/action.h"
+#include "cli/call_report.h"
+#include "cli/console.h"
+#include "cli/interpreter.h"
+#include "cli/saving.h"
+#include "cli/script_lines.h"
+#include "cli/usage_error.h"
+#include "drawing/error.h"
+
+namespace velmar::cli {
+namespace {
+
+struct ScriptOptions {
+  std::string file;
+  std::vector<std::string> drawings;
+  SavingOptions saving;
+  bool goes_on = false;
+  bool json = false;
+};
+
+void report_text(const CallRecord& record) {
+  print(call_text(record));
+  if (record.failure) complain(failure_text(*record.failure));
+}
+
+void report_json(const CallRecord& record) {
+  print(to_text(call_json(record)));
+  if (record.failure) complain(failure_text(*record.failure));
+}
+
+/// Runs the lines; where it ends early, what stopped it.
+std::optional<std::string> run_lines(Interpreter& interpreter, ScriptLines& lines, bool goes_on) {
+  std::optional<std::string> failed;
+  while (const std::optional<std::string> line = lines.command()) {
+    bool done = false;
+    try {
+      done = interpreter.execute(*line);
+    } catch (const UsageError& error) {
+      complain(error.what());
+    } catch (const drawing::Error& error) {
+      complain(error.what());
+    }
+    if (interpreter.wants_to_quit()) break;
+    if (done) continue;
+    failed = lines.where() + ": \"" + *line + "\" failed";
+    complain(*failed);
+    if (!goes_on) break;
+  }
+  return failed;
+}
+
+ExitCode run_script(const ScriptOptions& options) {
+  check_saving(options.saving, options.drawings);
+  ScriptLines lines(options.file);
+  Conversation conversation(lines);
+  Run run(options.drawings, conversation, options.saving.journal);
+  if (options.saving.dry_run) run.protect_files();
+  Interpreter interpreter(run, lines, conversation, options.json ? report_json : report_text);
+  const std::optional<std::string> failed = run_lines(interpreter, lines, options.goes_on);
+
+  CallRecord all;  // of what the script did to the drawings
+  if (failed && !options.goes_on) all.failure = basic::Failure(0, "velmar", *failed);
+  save(run, options.saving, all);
+  if (options.json) {
+    print(to_text(script_json(options.file, all)));
+  } else {
+    print(call_text(all));
+  }
+  if (all.drawing_failure) complain(*all.drawing_failure);
+  if (all.drawing_failure) return ExitCode::drawing_failed;
+  return failed ? ExitCode::method_failed : ExitCode::done;
+}
+
+constexpr const char* about_scripts =
+    "A line is a method with its arguments, or OPEN, SAVE, SAVEAS, CLOSE, DRAWINGS, QUIT; the\n"
+    "lines below it are the answers to its questions. An empty line is Enter, ^C is Escape.\n"
+    "A line that begins with ; is a comment. Quotes hold words together.";
+
+}  // namespace
+
+void add_script(CLI::App& program, Action& action) {
+  const auto options = std::make_shared<ScriptOptions>();
+  CLI::App* const command =
+      program.add_subcommand("script", "Run a file of methods and answers, one a line");
+  command->footer(about_scripts);
+  command->add_option("FILE", options->file, "The script")->required();
+  command
+      ->add_option("-d,--drawing", options->drawings,
+                   "Open this drawing (repeatable; the first is active)")
+      ->allow_extra_args(false);
+  add_saving_options(*command, options->saving);
+  command->add_flag("--go-on", options->goes_on, "Go on after a line that fails");
+  command->add_flag("--json", options->json, "Write JSON, one object a line");
+  command->callback([options, &action] { action = [options] { return run_script(*options); }; });
+}
+
+}  // namespace velmar::cli

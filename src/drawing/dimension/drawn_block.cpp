@@ -1,0 +1,150 @@
+#include "drawing/dimension/drawn_block.h"
+
+#include <cmath>
+
+#include "drawing/dimension/arrowheads.h"
+#include "drawing/dimension/linear_layout.h"
+#include "drawing/dimension/styles.h"
+#include "drawing/geometry/ocs.h"
+
+namespace velmar::drawing {
+namespace {
+
+Dimension dimension_of(const Drawing& drawing, RecordId id) {
+  return std::get<Dimension>(drawing.read_body(id));
+}
+
+std::optional<SpaceId> block_of(const Drawing& drawing, const Dimension& dimension) {
+  const auto found = drawing.find_space(dimension.block);
+  const bool is_sheet = found && drawing.spaces()[index(*found)].is_layout;
+  return is_sheet ? std::nullopt : found;
+}
+
+/// Anonymous, so that no block reference is meant to show it too.
+bool can_be_redrawn(const Space& space) {
+  return space.name.starts_with('*') && space.endblk != RecordId::none;
+}
+
+/// The block of the dimension, if no other shows the same; otherwise a new one.
+SpaceId own_block(Drawing& drawing, Dimension& dimension) {
+  const auto present = block_of(drawing, dimension);
+  const bool is_usable = present && can_be_redrawn(drawing.spaces()[index(*present)]);
+  if (is_usable && !drawing.is_drawn_by_several(*present)) return *present;
+  const SpaceId added = drawing.add_drawn_block();
+  dimension.block = drawing.spaces()[index(added)].name;
+  dimension.flags |= Dimension::own_block_flag;
+  return added;
+}
+
+void require_layer_of_points(Drawing& drawing) {
+  if (drawing.find_layer("Defpoints")) return;
+  LayerRow row;
+  row.name = "Defpoints";
+  if (drawing.version() >= "AC1015") row.plottable = 0;
+  drawing.add_layer(row);
+}
+
+/// What the file says was measured, where it says so and it is another value now.
+void update_measured(Drawing& drawing, RecordId id) {
+  constexpr double noise = 1e-12;
+  Dimension dimension = dimension_of(drawing, id);
+  const double now = measured(drawing, id);
+  if (dimension.measured == 0 || std::abs(now - dimension.measured) <= noise * now) return;
+  dimension.measured = now;
+  drawing.write_body(id, dimension);
+}
+
+/// Entities of the same kinds in the same places are written anew, the others replaced.
+void fill(Drawing& drawing, SpaceId block, const std::vector<Entity>& content) {
+  const std::vector<RecordId> old = drawing.entities(block);
+  std::size_t same = 0;
+  while (same < old.size() && same < content.size() &&
+         drawing.read_body(old[same]).index() == content[same].body.index() &&
+         drawing.record(old[same]).kind != Kind::polyline) {
+    drawing.write(old[same], content[same]);
+    ++same;
+  }
+  for (std::size_t i = same; i < old.size(); ++i) drawing.erase(old[i]);
+  for (std::size_t i = same; i < content.size(); ++i) drawing.add(block, content[i]);
+}
+
+bool is_shift(const Matrix& matrix) {
+  return matrix.x == x_axis && matrix.y == y_axis && matrix.z == z_axis;
+}
+
+bool is_understood(const Body& body) { return !std::holds_alternative<Opaque>(body); }
+
+Body mapped(Body body, const Matrix& matrix) {
+  std::visit(
+      [&](auto& shape) {
+        if constexpr (requires { transform(shape, matrix); }) transform(shape, matrix);
+      },
+      body);
+  return body;
+}
+
+/// Maps what a block holds; where it belongs to others too, into a new one.
+void map_content(Drawing& drawing, Dimension& dimension, const Matrix& matrix) {
+  const auto present = block_of(drawing, dimension);
+  if (!present) return;
+  const std::vector<RecordId> content = drawing.entities(*present);
+  for (const RecordId id : content) {
+    if (is_understood(drawing.read_body(id))) continue;
+    throw Error("DIMENSION in block " + dimension.block + " shows a " +
+                std::string(drawing.kind_name(id)) + ", which cannot be moved");
+  }
+  const SpaceId own = own_block(drawing, dimension);
+  for (const RecordId id : content) {
+    const RecordId target = own == *present ? id : drawing.copy_to(id, own);
+    drawing.write_body(target, mapped(drawing.read_body(id), matrix));
+  }
+}
+
+}  // namespace
+
+void draw(Drawing& drawing, RecordId id) {
+  Dimension dimension = dimension_of(drawing, id);
+  if (!dimension.is_linear()) return;
+  const DimVariables variables = variables_of(drawing, id);
+  for (const std::string& name : {variables.arrow, variables.arrow1, variables.arrow2}) {
+    require_arrow_block(drawing, name);
+  }
+  require_layer_of_points(drawing);
+  const LinearLayout layout = linear_layout(drawing, id);
+  const std::vector<Entity> content = drawn_content(drawing, id);
+  fill(drawing, own_block(drawing, dimension), content);
+  dimension.definition = ocs_to_world(dimension.normal)(layout.definition);
+  dimension.text_position = layout.text_middle;
+  dimension.block_offset = {};
+  drawing.write_body(id, dimension);
+  update_measured(drawing, id);
+}
+
+void transform_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
+  Dimension dimension = dimension_of(drawing, id);
+  const Point offset = ocs_to_world(dimension.normal).direction(dimension.block_offset);
+  transform(dimension, matrix);
+  if (dimension.is_linear() && !is_shift(matrix)) {
+    drawing.write_body(id, dimension);
+    return draw(drawing, id);
+  }
+  map_content(drawing, dimension, matrix * translation(offset));
+  dimension.block_offset = {};
+  drawing.write_body(id, dimension);
+  update_measured(drawing, id);
+}
+
+void copy_drawn_block(Drawing& drawing, RecordId id) {
+  Dimension dimension = dimension_of(drawing, id);
+  const auto shown = block_of(drawing, dimension);
+  if (!shown) return;
+  const SpaceId own = drawing.add_drawn_block();
+  dimension.block = drawing.spaces()[index(own)].name;
+  drawing.write_body(id, dimension);
+  for (const RecordId inner : drawing.entities(*shown)) {
+    // A block that holds a dimension may hold itself.
+    if (drawing.record(inner).kind != Kind::dimension) drawing.copy_to(inner, own);
+  }
+}
+
+}  // namespace velmar::drawing

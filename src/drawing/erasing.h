@@ -1,0 +1,16 @@
+#pragma once
+
+#include "drawing/store.h"
+
+namespace velmar::drawing {
+
+/// Takes one record out of what is saved; what names it is mended by settle_erased.
+void mark_erased(Store& store, RecordId id);
+/// An entity with its parts; told among the changes.
+void erase_entity(Store& store, RecordId id);
+/// Erases what erased records own (extension dictionaries and what is in them) and takes erased
+/// records out of the lists of others: groups, drawing order, reactors, dictionaries, references of
+/// a block, the dimension styles of their table. Linear in what was erased, once for all of it.
+void settle_erased(Store& store);
+
+}  // namespace velmar::drawing

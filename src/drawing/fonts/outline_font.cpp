@@ -1,0 +1,98 @@
+#include "drawing/fonts/outline_font.h"
+
+#ifdef VELMAR_FREETYPE
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+
+#include <unordered_map>
+
+#include "drawing/fonts/characters.h"
+#include "drawing/fonts/stroke_font.h"
+
+namespace velmar::drawing {
+namespace {
+
+struct Close {
+  void operator()(FT_Library library) const { FT_Done_FreeType(library); }
+  void operator()(FT_Face face) const { FT_Done_Face(face); }
+};
+using Library = std::unique_ptr<FT_LibraryRec_, Close>;
+using Face = std::unique_ptr<FT_FaceRec_, Close>;
+
+class OutlineFont final : public Font {
+ public:
+  OutlineFont(Library library, Face face, std::string file, double capital)
+      : library_(std::move(library)), face_(std::move(face)), file_(std::move(file)) {
+    const double em = face_->units_per_EM > 0 ? face_->units_per_EM : 1000;
+    constexpr double usual = 0.7;
+    high_ = em * usual;
+    if (load(U'H') && face_->glyph->metrics.horiBearingY > 0) {
+      high_ = static_cast<double>(face_->glyph->metrics.horiBearingY);
+    }
+    units_ = capital > 0 ? em * capital : high_;
+  }
+
+  Glyph glyph(char32_t character) const override {
+    const auto [known, is_new] = glyphs_.try_emplace(character);
+    if (is_new) known->second = measured(character);
+    return known->second;
+  }
+  double descent() const override { return glyph(U'p').bottom; }
+  bool aligns_by_advance() const override { return true; }
+  std::string file() const override { return file_; }
+
+ private:
+  bool load(char32_t character) const {
+    const FT_UInt index = FT_Get_Char_Index(face_.get(), character);
+    return index != 0 && FT_Load_Glyph(face_.get(), index, FT_LOAD_NO_SCALE) == 0;
+  }
+
+  Glyph measured(char32_t character) const {
+    if (is_weightless(character)) return {0, 0, 0, 0, 0, false};
+    if (!load(character)) return stand_in_->glyph(character);
+    const FT_Glyph_Metrics& m = face_->glyph->metrics;
+    const auto part = [this](FT_Pos units) { return static_cast<double>(units) / units_; };
+    Glyph glyph{part(m.horiAdvance)};
+    glyph.left = part(m.horiBearingX);
+    glyph.right = part(m.horiBearingX + m.width);
+    glyph.top = static_cast<double>(m.horiBearingY) / high_;
+    glyph.bottom = part(m.height - m.horiBearingY);
+    glyph.drawn = !is_blank(character) && m.width > 0;
+    return glyph;
+  }
+
+  Library library_;
+  Face face_;
+  std::string file_;
+  double units_ = 1;  // of the font to a capital, as the font it stands for has it
+  double high_ = 1;   // of the font to its own capital
+  FontPointer stand_in_ = stroke_font();
+  mutable std::unordered_map<char32_t, Glyph> glyphs_;
+};
+
+}  // namespace
+
+FontPointer open_outline_font(const std::filesystem::path& file, double capital) {
+  FT_Library library = nullptr;
+  if (FT_Init_FreeType(&library) != 0) return nullptr;
+  Library owned_library(library);
+  FT_Face face = nullptr;
+  if (FT_New_Face(library, file.string().c_str(), 0, &face) != 0) return nullptr;
+  Face owned_face(face);
+  if (!FT_IS_SCALABLE(face)) return nullptr;
+  return std::make_shared<OutlineFont>(std::move(owned_library), std::move(owned_face),
+                                       file.string(), capital);
+}
+
+}  // namespace velmar::drawing
+
+#else
+
+namespace velmar::drawing {
+
+FontPointer open_outline_font(const std::filesystem::path&, double) { return nullptr; }
+
+}  // namespace velmar::drawing
+
+#endif

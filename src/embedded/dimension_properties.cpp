@@ -1,0 +1,136 @@
+#include <array>
+
+#include "basic/conversion.h"
+#include "drawing/dimension/drawn_block.h"
+#include "drawing/dimension/styles.h"
+#include "drawing/geometry/ocs.h"
+#include "embedded/entity_members.h"
+#include "embedded/errors.h"
+#include "embedded/names.h"
+#include "embedded/properties/body.h"
+
+namespace velmar::embedded {
+namespace {
+
+using drawing::Dimension;
+using drawing::Point;
+
+const Dimension& body(const EntityObject& entity) { return std::get<Dimension>(entity.body()); }
+
+template <class Change>
+void change(EntityObject& entity, Change apply) {
+  Dimension changed = body(entity);
+  apply(changed);
+  entity.drawing().write_body(entity.id(), changed);
+  draw(entity.drawing(), entity.id());
+}
+
+const Dimension& require_type(const EntityObject& entity, Dimension::Type type, Member member) {
+  if (body(entity).type() != type) throw no_such_member(member);
+  return body(entity);
+}
+
+Value get_text_position(const EntityObject& entity) {
+  return to_value(drawing::ocs_to_world(body(entity).normal)(body(entity).text_position));
+}
+
+/// Unless the text moves alone, the dimension line goes with it, as far as it is beside the line.
+void put_text_position(EntityObject& entity, const Value& value) {
+  constexpr std::int32_t line_moves_with_text = 0;
+  const Point wanted = to_point(value, "TextPosition", Member::TextPosition);
+  const auto variables = variables_of(entity.drawing(), entity.id());
+  const bool is_linear = body(entity).is_linear();
+  const Point now = is_linear ? linear_layout(entity.drawing(), entity.id()).text_middle
+                              : body(entity).text_position;
+  change(entity, [&](Dimension& it) {
+    const Point place = drawing::world_to_ocs(it.normal)(wanted);
+    it.text_position = place;
+    it.flags |= Dimension::user_text_flag;
+    if (!is_linear || variables.text_movement != line_moves_with_text) return;
+    const double angle = line_angle(it);
+    const Point across{-std::sin(angle), std::cos(angle), 0};
+    const Point shift = across * dot(place - now, across);
+    it.definition = it.definition + drawing::ocs_to_world(it.normal).direction(shift);
+  });
+}
+
+template <Point Dimension::*point>
+Value get_extension_point(const EntityObject& entity) {
+  return to_value(require_type(entity, Dimension::aligned, Member::ExtLine1Point).*point);
+}
+
+/// The dimension line stays as far from the points as it is.
+template <Point Dimension::*point>
+void put_extension_point(EntityObject& entity, const Value& value) {
+  const Point place = to_point(value, "Point", Member::ExtLine1Point);
+  require_type(entity, Dimension::aligned, Member::ExtLine1Point);
+  change(entity, [&](Dimension& it) {
+    const auto across = [&] {
+      const double angle = line_angle(it);
+      return drawing::ocs_to_world(it.normal).direction({-std::sin(angle), std::cos(angle), 0});
+    };
+    const double distance = dot(it.definition - it.second, across());
+    it.*point = place;
+    it.definition = it.second + across() * distance;
+    it.flags &= ~Dimension::user_text_flag;
+  });
+}
+
+Value get_rotation(const EntityObject& entity) {
+  return require_type(entity, Dimension::rotated, Member::Rotation).rotation;
+}
+
+void put_rotation(EntityObject& entity, const Value& value) {
+  const double angle = to_number(value);
+  require_type(entity, Dimension::rotated, Member::Rotation);
+  change(entity, [&](Dimension& it) { it.rotation = angle; });
+}
+
+void put_text_rotation(EntityObject& entity, const Value& value) {
+  const double angle = to_number(value);
+  change(entity, [&](Dimension& it) { it.text_rotation = angle; });
+}
+
+void put_text_override(EntityObject& entity, const Value& value) {
+  const auto text = basic::convert<std::string>(value);
+  change(entity, [&](Dimension& it) { it.text = text; });
+}
+
+void put_style_name(EntityObject& entity, const Value& value) {
+  const auto name = basic::convert<std::string>(value);
+  const std::string found = require_row(entity.drawing(), "DIMSTYLE", name);
+  change(entity, [&](Dimension& it) { it.style = found; });
+}
+
+void put_normal(EntityObject& entity, const Value& value) {
+  drawing::Body changed = body(entity);
+  put_property(entity.drawing(), changed, Member::Normal, value);
+  change(entity, [&](Dimension& it) { it = std::get<Dimension>(changed); });
+}
+
+constexpr std::array rows{
+    EntityProperty{Member::Measurement,
+                   [](const EntityObject& e) -> Value { return measured(e.drawing(), e.id()); }},
+    EntityProperty{Member::TextPosition, get_text_position, put_text_position},
+    EntityProperty{Member::TextRotation,
+                   [](const EntityObject& e) -> Value { return body(e).text_rotation; },
+                   put_text_rotation},
+    EntityProperty{Member::TextOverride,
+                   [](const EntityObject& e) -> Value { return body(e).text; }, put_text_override},
+    EntityProperty{Member::StyleName, [](const EntityObject& e) -> Value { return body(e).style; },
+                   put_style_name},
+    EntityProperty{Member::Rotation, get_rotation, put_rotation},
+    EntityProperty{Member::ExtLine1Point, get_extension_point<&Dimension::first>,
+                   put_extension_point<&Dimension::first>},
+    EntityProperty{Member::ExtLine2Point, get_extension_point<&Dimension::second>,
+                   put_extension_point<&Dimension::second>},
+    EntityProperty{Member::Normal,
+                   [](const EntityObject& e) -> Value { return to_value(body(e).normal); },
+                   put_normal},
+};
+
+}  // namespace
+
+std::span<const EntityProperty> dimension_properties() { return rows; }
+
+}  // namespace velmar::embedded

@@ -1,0 +1,34 @@
+#include <array>
+#include <cmath>
+
+#include "embedded/properties/kinds.h"
+
+namespace velmar::embedded {
+namespace {
+
+using drawing::OleFrame;
+
+void put_insertion_point(OleFrame& frame, const Value& value) {
+  const drawing::Point to = to_point(value, "InsertionPoint", Member::InsertionPoint);
+  transform(frame, drawing::translation(to - frame.upper_left));
+}
+
+constexpr std::array rows{
+    Property<OleFrame>{Member::InsertionPoint,
+                       [](const OleFrame& frame) { return to_value(frame.upper_left); },
+                       put_insertion_point},
+    Property<OleFrame>{Member::Width,
+                       [](const OleFrame& frame) -> Value {
+                         return std::abs(frame.lower_right.x - frame.upper_left.x);
+                       }},
+    Property<OleFrame>{Member::Height,
+                       [](const OleFrame& frame) -> Value {
+                         return std::abs(frame.upper_left.y - frame.lower_right.y);
+                       }},
+};
+
+}  // namespace
+
+std::span<const Property<OleFrame>> properties(const OleFrame&) { return rows; }
+
+}  // namespace velmar::embedded
