@@ -252,7 +252,10 @@ TEST_P(Corpus, AreasAndCurvesMoveThereAndBackAndNothingElse) {
       drawing.write_body(id, body);
     };
     move(translation({1024, -512, 0}));
-    ASSERT_EQ(drawing.changes().modified.size(), 1U);
+    // What a dimension is drawn with is no entity of its own in what is told of changes.
+    const bool is_drawn =
+        original.spaces()[index(original.record(id).space)].name.starts_with("*D");
+    ASSERT_EQ(drawing.changes().modified.size(), is_drawn ? 0U : 1U);
     const Difference found = difference(before, drawing.bytes());
     EXPECT_GE(found.begin, original.record(id).begin);
     EXPECT_LE(found.begin + found.in_before, original.record(id + 1).begin);

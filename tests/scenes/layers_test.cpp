@@ -52,7 +52,7 @@ TEST(Counts, ByLayerAndKind) {
       {"GetNType", {"H"}, 0},
       {"GetNType", {"D"}, 0},
       {"GetNType", {""}, 0},
-      {"GetNType", {"AcDbMText"}, 1},
+      {"GetNType", {"AcDbMline"}, 1},
       {"GetNType", {"acdbline"}, 0},
       {"GetNTypeLayer", {"L", "wall"}, 2},
       {"GetNTypeLayer", {"L", "WALLS"}, 1},
