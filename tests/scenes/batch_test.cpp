@@ -118,7 +118,7 @@ TEST(FolderDGN, TypesTheImportOnceForEachDesignFile) {
 }
 
 TEST(DelFilNam, RenamesOnlyWhereThatReplacesAFile) {
-  Scene scene("");
+  Scene scene{std::string()};
   const Folder folder(scene);
   folder.add("a_OLD.dwg", "new a");
   folder.add("a.dwg", "a");
@@ -150,7 +150,7 @@ TEST(SaveAllDrawings, SavesAndClosesWhatHasAFile) {
 }
 
 TEST(SaveAllCurrentDrawings, ListsTheLastOneFirst) {
-  Scene scene("");
+  Scene scene{std::string()};
   const std::string separator(1, scene.system().path_separator());
   const fs::path in_windows = scene.folder() / "my windows";
   fs::create_directory(in_windows);
@@ -169,11 +169,14 @@ TEST(SaveAllCurrentDrawings, ListsTheLastOneFirst) {
   scene.system().delete_file(file);
 }
 
-TEST(ExplodeBlock, HandlesEveryInsertionInModelSpace) {
+std::string three_doors_and_a_line() {
   const std::string insert = "100 AcDbBlockReference\n2 DOOR\n10 5\n20 5\n30 0\n";
-  const std::string scene_lines = head("INSERT", "30") + insert + head("INSERT", "31") + insert +
-                                  line_lines("32") + head("INSERT", "33", "Walls") + insert;
-  Scene scene(scene_lines);
+  return head("INSERT", "30") + insert + head("INSERT", "31") + insert + line_lines("32") +
+         head("INSERT", "33", "Walls") + insert;
+}
+
+TEST(ExplodeBlock, HandlesEveryInsertionInModelSpace) {
+  Scene scene(three_doors_and_a_line());
   scene.answers({"#31"});
   EXPECT_FALSE(scene.run("ExplodeBlock").failure);
   EXPECT_THAT(scene.asked(),
@@ -181,16 +184,17 @@ TEST(ExplodeBlock, HandlesEveryInsertionInModelSpace) {
   EXPECT_THAT(scene.said(),
               ElementsAre("\r\nBlock Name {DOOR} Explod 3 found", "\r\nAutocad Ready."));
   EXPECT_EQ(scene.document().ModelSpace().Count(), 4);
+}
 
-  Scene other(scene_lines);
-  other.answers({"#32"});
-  EXPECT_EQ(other.run("DeleteBlock").failure->number, basic::type_mismatch);
-  EXPECT_TRUE(other.drawing().changes().empty());
-  other.answers({"#30"}).run("DeleteBlock");
-  EXPECT_EQ(other.said().front(), "\r\nBlock Name {DOOR} Erase 3 found");
-  EXPECT_EQ(other.document().ModelSpace().Count(), 1);
-  EXPECT_EQ(other.answers({"^C"}).run("DeleteBlock").failure->number, -2147352567);
-  EXPECT_THAT(other.said(), IsEmpty());
+TEST(DeleteBlock, RemovesEveryInsertionAndFailsOnOtherPicks) {
+  Scene scene(three_doors_and_a_line());
+  EXPECT_EQ(scene.answers({"#32"}).run("DeleteBlock").failure->number, basic::type_mismatch);
+  EXPECT_TRUE(scene.drawing().changes().empty());
+  EXPECT_EQ(scene.answers({"^C"}).run("DeleteBlock").failure->number, -2147352567);
+  EXPECT_THAT(scene.said(), IsEmpty());
+  scene.answers({"#30"}).run("DeleteBlock");
+  EXPECT_EQ(scene.said().front(), "\r\nBlock Name {DOOR} Erase 3 found");
+  EXPECT_EQ(scene.document().ModelSpace().Count(), 1);
 }
 
 TEST(Delete_OLE, RemovesTwoHundredARun) {
@@ -231,7 +235,7 @@ TEST(Layouts, AreZoomedAndDeleted) {
 }
 
 TEST(SlowDown, WaitsAndOverflows) {
-  Scene scene("");
+  Scene scene{std::string()};
   const std::int32_t start = scene.system().tick_count();
   EXPECT_FALSE(scene.run("SlowDown", std::int32_t{60}).failure);
   EXPECT_GE(scene.system().tick_count() - start, 60);

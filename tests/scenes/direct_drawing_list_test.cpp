@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 
 TEST(LoadAllCurrentDrawings, OpensTheListAndShowsEachFolderOnce) {
-  Scene scene("");
+  Scene scene{std::string()};
   const std::filesystem::path other = scene.folder() / "other";
   std::filesystem::create_directory(other);
   const std::string second = scene.file("second.dxf", scene.content("plan.dxf")).string();
