@@ -1,0 +1,109 @@
+// Every step of the commands on geometry, drawings and folders fails once, on the embedded host.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "component/method_table.h"
+#include "component/session.h"
+#include "host/failing_object.h"
+#include "scenes/entity_lines.h"
+#include "scenes/scene.h"
+
+namespace velmar {
+namespace {
+
+using basic::Value;
+
+struct Case {
+  const char* method;
+  std::vector<Value> arguments;  // "FOLDER" stands for a folder with a drawing of each sort
+  std::vector<std::string> answers;
+};
+
+const Case cases[] = {
+    {"AlignDonut", {}, {"#31", "#30", ""}},
+    {"OMove", {"30", 5.0}, {}},
+    {"Alignement", {}, {}},
+    {"AlignDimension", {}, {"#31"}},
+    {"Hatch", {100.0, 50.0, 0.0, 0.0}, {}},
+    {"HatchAligned", {"30"}, {}},
+    {"Sc", {"30", 2.0, 0.0, 0.0}, {}},
+    {"DimAL", {0.0, 0.0, 100.0, 0.0}, {}},
+    {"DimAL", {0.0, 0.0, 100.0, 0.0, "Standard", true}, {}},
+    {"ScaleXY", {}, {"2", "3"}},
+    {"Unload_TB", {}, {}},
+    {"Unload_Xref", {}, {}},
+    {"SaveAllDrawings", {}, {}},
+    {"SaveAllCurrentDrawings", {}, {}},
+    {"LoadAllCurrentDrawings", {}, {}},
+    {"PurgeALLFolder", {"FOLDER"}, {}},
+    {"FolderDwgDxf", {"FOLDER"}, {}},
+    {"FolderDxfDwg", {"FOLDER"}, {}},
+    {"FolderDGN", {"FOLDER"}, {}},
+    {"DeleteLayouts", {"FOLDER"}, {}},
+    {"ZoomLayouts", {}, {}},
+    {"ExplodeBlock", {}, {"#33"}},
+    {"DeleteBlock", {}, {"#33"}},
+    {"Delete_OLE", {}, {}},
+};
+
+std::string entities() {
+  return embedded::head("LWPOLYLINE", "30") +
+         "100 AcDbPolyline\n90 3\n70 1\n10 0\n20 0\n10 9\n20 0\n10 9\n20 9\n" + line_lines("31") +
+         circle_lines("32") + embedded::head("INSERT", "33") +
+         "100 AcDbBlockReference\n2 DOOR\n10 5\n20 5\n30 1\n";
+}
+
+std::string folder_of_drawings(const Scene& scene) {
+  const std::filesystem::path folder = scene.folder() / "drawings";
+  std::filesystem::create_directory(folder);
+  for (const char* name : {"a.dwg", "b.dxf", "c.dgn"}) {
+    std::ofstream(folder / name, std::ios::binary) << embedded::drawing_text(line_lines("30"));
+  }
+  return folder.string();
+}
+
+/// Runs the case with its host failing at step n; false when the method takes fewer steps.
+bool fails_as_its_row_says(const Case& tried, const Method& method, int n) {
+  Scene scene(entities());
+  scene.answers(tried.answers);
+  std::vector<Value> arguments = tried.arguments;
+  if (!arguments.empty() && arguments[0] == Value("FOLDER")) {
+    arguments[0] = folder_of_drawings(scene);
+  }
+  const auto fault =
+      std::make_shared<host::Fault>(host::Fault{n, basic::Failure(-n, "Host", "injected")});
+  const auto host = scene.application().object();
+  install_host_factory([=] { return host::failing(host, fault); });
+  release_host_application();
+
+  Velmar16 velmar(std::shared_ptr<System>(&scene.system(), [](System*) {}));
+  std::int32_t number = 0;
+  try {
+    call(velmar, method, arguments);
+  } catch (const basic::Failure& failure) {
+    number = failure.number;
+  }
+  release_host_application();
+  const bool is_callers = fault->reached() && method.on_failure == OnFailure::reaches_caller;
+  EXPECT_EQ(number, is_callers ? -n : 0);
+  return fault->reached();
+}
+
+TEST(FaultSweep, OnTheEmbeddedHost) {
+  for (const Case& tried : cases) {
+    const Method& method = *find_method(tried.method);
+    int n = 1;
+    while (fails_as_its_row_says(tried, method, n)) {
+      ASSERT_FALSE(HasFailure()) << tried.method << " with step " << n << " failing";
+      ++n;
+    }
+    EXPECT_FALSE(HasFailure()) << tried.method << " without a failing step";
+    EXPECT_GT(n, 3) << tried.method << " took too few steps for a sweep";
+  }
+}
+
+}  // namespace
+}  // namespace velmar
