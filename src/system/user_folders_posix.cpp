@@ -1,10 +1,10 @@
-#include "system/user_folders.h"
-
 #include <pwd.h>
 #include <unistd.h>
 
 #include <array>
 #include <cstdlib>
+
+#include "system/user_folders.h"
 
 namespace velmar::system {
 namespace {
