@@ -52,6 +52,7 @@ embedded::DocumentPointer Run::open(const std::string& file) {
     given_names_.emplace(document->drawing.path().string(), file);
     return document;
   } catch (const basic::Failure& failure) {
+    application_->forget_failed_open();
     throw drawing::Error(failure.description);
   }
 }
@@ -66,6 +67,7 @@ void Run::call(CallRecord& record) {
   } catch (const basic::Failure& failure) {
     record.failure = failure;
   }
+  application_->forget_failed_open();
 }
 
 std::vector<embedded::DocumentPointer> Run::documents() const { return application_->documents(); }

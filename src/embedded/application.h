@@ -28,6 +28,8 @@ class Application final : public PlainObject {
   void close(const DocumentPointer& document);
   /// What Quit does after closing the drawings. Until this is set Quit is not available.
   void on_quit(std::function<void()> action) { session_->quit = std::move(action); }
+  /// Between two commands: the active drawing is there again after an Open that failed.
+  void forget_failed_open() { session_->forget_failed_open(); }
   /// The open drawings, in the order in which they were opened.
   std::vector<DocumentPointer> documents() const;
   /// Null where no drawing is open.

@@ -50,6 +50,7 @@ bool same_file(const fs::path& a, const fs::path& b) {
 void Session::activate(const DocumentObject& document) {
   std::erase(by_use_, document);
   by_use_.push_back(document);
+  open_failed_ = false;
 }
 
 Session::DocumentObject Session::find(const fs::path& path) const {
@@ -62,6 +63,7 @@ Session::DocumentObject Session::find(const fs::path& path) const {
 }
 
 Session::DocumentObject Session::open(const fs::path& path, bool read_only) {
+  open_failed_ = true;
   require_file(path);
   if (const DocumentObject already = find(path)) {
     activate(already);

@@ -23,8 +23,13 @@ class Session : public std::enable_shared_from_this<Session> {
 
   /// In the order in which they were opened.
   const std::vector<DocumentObject>& documents() const { return documents_; }
-  /// Null where no drawing is open.
-  DocumentObject active() const { return by_use_.empty() ? nullptr : by_use_.back(); }
+  /// Null where no drawing is open, and after an Open that failed: what was to be done to that
+  /// drawing must not be done to another one. Until something is opened or activated, or the
+  /// failure is forgotten.
+  DocumentObject active() const {
+    return open_failed_ || by_use_.empty() ? nullptr : by_use_.back();
+  }
+  void forget_failed_open() { open_failed_ = false; }
   void activate(const DocumentObject& document);
   /// Null where the file is not open.
   DocumentObject find(const std::filesystem::path& path) const;
@@ -50,6 +55,7 @@ class Session : public std::enable_shared_from_this<Session> {
   std::vector<DocumentObject> documents_;
   std::vector<DocumentObject> by_use_;  // the active one last
   int added_ = 0;
+  bool open_failed_ = false;
 };
 
 }  // namespace velmar::embedded

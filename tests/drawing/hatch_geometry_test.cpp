@@ -29,10 +29,8 @@ HatchLoop edges() {
   HatchSpline spline;
   spline.knots = {0, 0, 0, 0, 1, 1, 1, 1};
   spline.control_points = {{{0, 0}}, {{0.5, 1}}, {{1.5, -1}}, {{2, 0}}};
-  loop.edges = {HatchEdge(HatchLine{{2, 0}, {2, 4}}),
-                HatchEdge(HatchArc{{1, 4}, 1, 0, pi, 1}),
-                HatchEdge(HatchEllipse{{0, 2}, {0, 2}, 0.5, -pi, 0, 0}),
-                HatchEdge(spline)};
+  loop.edges = {HatchEdge(HatchLine{{2, 0}, {2, 4}}), HatchEdge(HatchArc{{1, 4}, 1, 0, pi, 1}),
+                HatchEdge(HatchEllipse{{0, 2}, {0, 2}, 0.5, -pi, 0, 0}), HatchEdge(spline)};
   return loop;
 }
 

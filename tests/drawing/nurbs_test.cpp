@@ -16,7 +16,7 @@ constexpr double pi = std::numbers::pi;
 Nurbs circle() {
   const double w = std::sqrt(0.5);
   Nurbs curve{2, {0, 0, 0, 1, 1, 2, 2, 3, 3, 4, 4, 4}, {}};
-  const Point corners[] = {{2, 0, 0}, {2, 2, 0},   {0, 2, 0},  {-2, 2, 0}, {-2, 0, 0},
+  const Point corners[] = {{2, 0, 0},   {2, 2, 0},  {0, 2, 0},  {-2, 2, 0}, {-2, 0, 0},
                            {-2, -2, 0}, {0, -2, 0}, {2, -2, 0}, {2, 0, 0}};
   for (std::size_t i = 0; i < 9; ++i) {
     curve.control_points.push_back({corners[i] + Point{1, 1, 3}, i % 2 == 1 ? w : 1});
@@ -25,9 +25,7 @@ Nurbs circle() {
 }
 
 /// One piece of a cubic: x = 3t, y = 9t(1-t)(1-2t).
-Nurbs wave() {
-  return {3, {0, 0, 0, 0, 1, 1, 1, 1}, {{{0, 0}}, {{1, 3}}, {{2, -3}}, {{3, 0}}}};
-}
+Nurbs wave() { return {3, {0, 0, 0, 0, 1, 1, 1, 1}, {{{0, 0}}, {{1, 3}}, {{2, -3}}, {{3, 0}}}}; }
 
 TEST(Nurbs, OfACircleIsACircle) {
   const Nurbs curve = circle();

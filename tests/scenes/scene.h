@@ -33,7 +33,9 @@ class Scene {
 
   template <class... Arguments>
   Outcome run(std::string_view method, Arguments&&... arguments) {
-    return caller_->call(method, {basic::Value(std::forward<Arguments>(arguments))...});
+    Outcome outcome = caller_->call(method, {basic::Value(std::forward<Arguments>(arguments))...});
+    application_->forget_failed_open();  // as between two commands of a session
+    return outcome;
   }
 
   /// Since the answers were given.
