@@ -35,6 +35,7 @@ Action read_command_line(const std::vector<std::string>& words) {
   CLI::App program("Velmar, a toolbox of drawing-editing commands for CAD drafters", "velmar");
   program.set_version_flag("--version", "velmar " + std::string(velmar::embedded::velmar_version));
   program.require_subcommand(1);
+  program.allow_windows_style_options(false);  // a word with a slash is a path everywhere
   program.footer(exit_codes);
   velmar::cli::add_call(program, action);
   velmar::cli::add_methods(program, action);
