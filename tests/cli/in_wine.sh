@@ -24,7 +24,7 @@ chmod +x "$folder/velmar"
 # Left out: what Windows has not (signals, /dev/full, arguments that are no UTF-8) or writes in another way (whole
 # paths, the system's words for a failure), and most of the many drawings.
 cases='Program/Case.*:Corpus/*1_polylines*:Corpus/*text_negative*:Corpus/*point*:Corpus/*AC1032*:Corpus/*recover01*'
-not_here='*/file_shrinks_while_read:*/output_that_fails:*/arguments:*/batch:*/script:*/undo'
+not_here='*/file_shrinks_while_read:*/output_that_fails:*/arguments:*/batch:*/doctor:*/script:*/undo'
 VELMAR_PROGRAM_FOLDER=$folder "$tests" --gtest_brief=1 --gtest_filter="$cases:-$not_here"
 
 cd "$folder"
@@ -53,4 +53,5 @@ cmp "пл ан/漢字.dxf" "$corpus/ezdxf/1_polylines.dxf" || failed=1
 printf 'UpperCase ä漢\nGetFolder "C:\\пл ан\\a.dxf"\n' >s.scr
 expect "a script" "$(velmar script s.scr | tr '\n' '|')" 'Ä漢|C:\пл ан|'
 expect "the right-hand side of a path" "$(velmar call GetFileName 'C:\a\"b c\" d')" '"b c\" d'
+expect "what doctor looks at" "$(velmar doctor | grep -c '^[a-z]* *\(class\|type library\), ')" 4
 exit "$failed"
