@@ -47,7 +47,7 @@ std::unique_ptr<host::Enumerator> LayoutsObject::enumerate() {
               [document = document_](const Layout& layout) -> std::optional<Value> {
                 auto object = std::make_shared<LayoutObject>(document, layout);
                 if (document->closed || !object->exists()) return std::nullopt;
-                return Value(std::move(object));
+                return std::optional<Value>(std::in_place, std::move(object));
               });
 }
 

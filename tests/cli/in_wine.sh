@@ -53,4 +53,5 @@ cmp "пл ан/漢字.dxf" "$corpus/ezdxf/1_polylines.dxf" || failed=1
 printf 'UpperCase ä漢\nGetFolder "C:\\пл ан\\a.dxf"\n' >s.scr
 expect "a script" "$(velmar script s.scr | tr '\n' '|')" 'Ä漢|C:\пл ан|'
 expect "a word with quotation marks and backslashes" "$(velmar call UpperCase 'C:\a\"b c\\" d\')" 'C:\A\"B C\\" D\'
+expect "what doctor looks at" "$(velmar doctor | grep -c '^[a-z]* *\(class\|type library\), ')" 4
 exit "$failed"

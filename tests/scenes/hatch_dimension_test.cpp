@@ -86,6 +86,7 @@ TEST(DimAL, AddsAnAlignedDimensionThroughTheObjectModel) {
 TEST(DimAL, TypesTheHostsCommand) {
   Scene scene{std::string()};
   scene.application().Documents().Open(drawing_with_plain_handles(scene).string());
+  scene.document().Layers().Add("Eng-dimension");  // this form does not make it
   const Outcome outcome = scene.run("DimAL", 0.0, 0.0, 100.0, 0.0, "", true, 30.0);
   EXPECT_FALSE(outcome.failure);
   EXPECT_EQ(outcome.arguments.back(), Value(30.0));
@@ -109,7 +110,7 @@ TEST(DimAL, TypesTheHostsCommand) {
 
 TEST(Dim_Layer, DimensionsTheClosedPolylinesOfTheLayer) {
   Scene scene(square("30") + line_lines("31"));
-  EXPECT_FALSE(scene.answers({"#30"}).run("Dim_Layer").failure);
+  EXPECT_FALSE(scene.answers({"#30", "0,0", "300,0"}).run("Dim_Layer").failure);
   EXPECT_GT(scene.document().ModelSpace().Count(), 2);
 }
 
