@@ -104,7 +104,8 @@ std::vector<std::string_view> old_pieces(const SaveEntry& entry, std::string_vie
   std::vector<std::string_view> pieces;
   for (const OldRun& run : entry.old) {
     if (run.length > 0 && run.offset <= now.size() && run.length <= now.size() - run.offset) {
-      pieces.push_back(now.substr(run.offset, run.length));
+      pieces.push_back(
+          now.substr(static_cast<std::size_t>(run.offset), static_cast<std::size_t>(run.length)));
     } else if (run.length == 0) {
       pieces.emplace_back(run.bytes);
     }

@@ -18,6 +18,10 @@ class ComCaller : public Caller {
   explicit ComCaller(std::shared_ptr<embedded::Application> host)
       : host_(std::move(host)), object_(server_.make_object()) {
     if (!object_) throw std::runtime_error("there is no object of the component: " VELMAR_DLL);
+    // The user of a new scene has answered nothing yet.
+    for (const char* key : {"CLT", "J2TA", "J2T", "TI"}) {
+      system_->save_setting({"Velmar", "Key", key}, "");
+    }
   }
   ~ComCaller() override { object_ = nullptr; }
 

@@ -35,6 +35,9 @@ TEST(Documents, RefuseWhatIsMissingOrNoDrawing) {
   EXPECT_EQ(failure_of([&] { documents.Open(scene.file("note.dxf", "Dear Sir,\n")); }),
             -2145320825);
   EXPECT_EQ(documents.Count(), 1);
+  // What was meant for the one is not done to another.
+  EXPECT_EQ(failure_of([&] { scene.document(); }), -2145320900);
+  documents.Item(0).call(Member::Activate);
   EXPECT_EQ(scene.document().Name(), "plan.dxf");
 }
 
