@@ -11,9 +11,6 @@
 #include "drawing/drawing.h"
 #include "drawing/extents.h"
 #include "drawing/fonts/font_choice.h"
-#include "drawing/fonts/font_files.h"
-#include "drawing/fonts/line_measure.h"
-#include "drawing/fonts/stroke_font.h"
 #include "near.h"
 #include "sample_text.h"
 
