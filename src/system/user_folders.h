@@ -4,8 +4,8 @@
 
 namespace velmar::system {
 
-// As the XDG Base Directory Specification has them, with "velmar" below; empty where the user has
-// no home. They need not exist.
+// As the XDG base directory rules of freedesktop.org have them, with "velmar" below; empty where
+// the user has no home. They need not exist.
 std::filesystem::path configuration_folder();
 std::filesystem::path data_folder();
 
