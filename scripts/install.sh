@@ -5,7 +5,7 @@ set -euo pipefail
 
 scripts=$(dirname "$(readlink -f "$0")")
 packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libxxhash-dev libgtest-dev libgmock-dev
-          libfreetype-dev fonts-liberation "$@")
+          libfreetype-dev libcairo2-dev libedit-dev fonts-liberation "$@")
 
 if ! command -v dpkg-query >/dev/null; then
   echo "This is no Debian system: the equivalents of ${packages[*]} are taken to be installed." >&2
@@ -31,6 +31,11 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 
 echo "Installing ${missing[*]} ..." >&2
-"$scripts/quietly.sh" "${as_root[@]}" apt-get \
-  -oAPT::Architectures="$(dpkg --print-architecture)" update
-"$scripts/quietly.sh" "${as_root[@]}" apt-get install -y --no-install-recommends --no-remove "${missing[@]}"
+if [ "$(dpkg-query -W -f '${db:Status-Status}' wine32:i386 2>/dev/null || true)" = installed ]; then
+  # Updates of the libraries that both Wines share would remove the 32-bit one.
+  "$scripts/quietly.sh" "${as_root[@]}" "$scripts/main_archive.sh" "${missing[@]}"
+else
+  "$scripts/quietly.sh" "${as_root[@]}" apt-get \
+    -oAPT::Architectures="$(dpkg --print-architecture)" update
+  "$scripts/quietly.sh" "${as_root[@]}" apt-get install -y --no-install-recommends --no-remove "${missing[@]}"
+fi

@@ -4,10 +4,11 @@
 # Where the 32-bit Wine cannot be installed the rest is, and a box of text says so; "install_windows.sh --has-wine32"
 # then answers 1.
 #
-# The 32-bit and the 64-bit Wine need every library they share in one and the same version, while the index of security
-# updates is for one architecture only. So all of it comes in one step from the main archive, with package lists of its
-# own, and is then held: a later update of a shared library would otherwise remove the 32-bit half.
+# The 32-bit and the 64-bit Wine need every library they share in one and the same version. So all of it comes in one
+# step from the main archive and is then held: a later update of a shared library would otherwise remove the 32-bit half.
 set -euo pipefail
+
+scripts=$(dirname "$(readlink -f "$0")")
 
 wine=(wine wine32:i386 wine64)
 compilers=(g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools)
@@ -54,47 +55,21 @@ if [ "$(id -u)" -ne 0 ]; then
   exec sudo "$0"
 fi
 
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-mkdir -p "$work/sources" "$work/lists/partial"
-eval "$(apt-config shell system_list Dir::Etc::sourcelist/f system_sources Dir::Etc::sourceparts/d)"
-shopt -s nullglob
-# All but the security updates, in either of the two ways in which sources are written.
-for file in "$system_sources"*.sources; do
-  awk -v RS= -v ORS='\n\n' '/Suites:/ && !/-security/' "$file"
-done >"$work/sources/main.sources"
-for file in "$system_list" "$system_sources"*.list; do
-  [ ! -f "$file" ] || awk '$1 == "deb" && !/-security/' "$file"
-done >"$work/sources/main.list"
-if [ ! -s "$work/sources/main.sources" ] && [ ! -s "$work/sources/main.list" ]; then
-  echo "Debian's main archive stands neither in $system_list nor in a file of $system_sources" >&2
-  exit 1
-fi
-
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
 had_i386=$(dpkg --print-foreign-architectures | grep -cx i386 || true)
 dpkg --add-architecture i386
-apt=(env DEBIAN_FRONTEND=noninteractive apt-get -oDir::Etc::sourcelist=/dev/null
-     -oDir::Etc::sourceparts="$work/sources" -oDir::State::Lists="$work/lists" -oAPT::Sandbox::User=root)
-
-install=(install -y --no-install-recommends --no-remove)
 echo "Installing ${missing[*]} ..." >&2
-all_at_once() {
-  "${apt[@]}" -qq update
-  "${apt[@]}" "${install[@]}" "${wine[@]}" "${compilers[@]}" && return
-  # Some shared library is already here in a newer, security version: back to the main archive's.
-  printf 'Package: *\nPin: release n=bookworm\nPin-Priority: 1001\n' >"$work/pin"
-  "${apt[@]}" -oDir::Etc::preferences="$work/pin" "${install[@]}" --allow-downgrades "${wine[@]}" "${compilers[@]}"
-}
+if "$scripts/main_archive.sh" "${wine[@]}" "${compilers[@]}" </dev/null >"$log" 2>&1; then
+  apt-mark hold wine32:i386 libwine:i386 wine64 libwine >/dev/null
+  exit
+fi
+cat "$log" >&2
+say_wine32_is_missing
 without_wine32() {
   [ "$had_i386" -gt 0 ] || dpkg --remove-architecture i386
   export DEBIAN_FRONTEND=noninteractive
   apt-get -oAPT::Architectures="$(dpkg --print-architecture)" -qq update
-  apt-get "${install[@]}" wine wine64 "${compilers[@]}"
+  apt-get install -y --no-install-recommends --no-remove wine wine64 "${compilers[@]}"
 }
-if all_at_once </dev/null >"$work/log" 2>&1; then
-  apt-mark hold wine32:i386 libwine:i386 wine64 libwine >/dev/null
-else
-  cat "$work/log" >&2
-  say_wine32_is_missing
-  without_wine32 </dev/null >"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
-fi
+without_wine32 </dev/null >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
