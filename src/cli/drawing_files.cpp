@@ -12,10 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool is_drawing(const fs::path& file) {
-  return basic::equal_ignoring_case(file.extension().string(), ".dxf");
-}
-
 /// Whether `c` is in the set "[...]" that begins at `at`, which moves behind it; an open bracket
 /// without an end stands for itself.
 bool in_set(std::string_view pattern, std::size_t& at, char c) {
@@ -86,8 +82,8 @@ std::vector<DrawingFile> files_of(const std::string& path, bool recursive) {
   std::error_code ignored;
   const fs::path given = drawing::utf8_path(path);
   if (fs::is_directory(given, ignored)) {
-    if (recursive) return files_below<fs::recursive_directory_iterator>(given, is_drawing);
-    return files_below<fs::directory_iterator>(given, is_drawing);
+    if (recursive) return files_below<fs::recursive_directory_iterator>(given, is_dxf);
+    return files_below<fs::directory_iterator>(given, is_dxf);
   }
   if (fs::exists(given, ignored)) return {{given, given.filename()}};
   const fs::path folder = given.has_parent_path() ? given.parent_path() : fs::path(".");
@@ -104,6 +100,10 @@ std::vector<DrawingFile> files_of(const std::string& path, bool recursive) {
 }
 
 }  // namespace
+
+bool is_dxf(const fs::path& file) {
+  return basic::equal_ignoring_case(file.extension().string(), ".dxf");
+}
 
 std::vector<DrawingFile> drawing_files(std::span<const std::string> paths, bool recursive) {
   std::vector<DrawingFile> all;

@@ -13,6 +13,9 @@ struct DrawingFile {
   std::filesystem::path below;  // its place below the folder that was named; else its name
 };
 
+/// By its name, in any letter case.
+bool is_dxf(const std::filesystem::path& file);
+
 /// The drawings that paths mean: a file; a folder's .dxf files, with those of its subfolders if
 /// `recursive`; a pattern with * ? [ ], where the shell left one. Each once, in the order of the
 /// paths, sorted within a folder. Fails with UsageError for what does not exist or matches nothing.

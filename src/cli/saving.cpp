@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <filesystem>
 
-#include "basic/strings.h"
 #include "cli/console.h"
+#include "cli/drawing_files.h"
 #include "cli/usage_error.h"
 #include "drawing/utf8_path.h"
 
@@ -66,14 +66,16 @@ void add_saving_options(CLI::App& command, SavingOptions& options) {
                      "Note in this file what each save replaces, for 'velmar undo'");
 }
 
+void require_dxf_name(const std::string& file) {
+  if (is_dxf(drawing::utf8_path(file))) return;
+  throw UsageError(file + ": only DXF can be written: the name must end in .dxf");
+}
+
 void check_saving(const SavingOptions& options, std::span<const std::string> drawings) {
   if (drawings.empty() && (options.in_place || !options.output.empty())) {
     throw UsageError("there is no drawing to save: give one with --drawing");
   }
-  const std::string extension = drawing::utf8_path(options.output).extension().string();
-  if (!options.output.empty() && !basic::equal_ignoring_case(extension, ".dxf")) {
-    throw UsageError(options.output + ": only DXF can be written: the name must end in .dxf");
-  }
+  if (!options.output.empty()) require_dxf_name(options.output);
 }
 
 void save(const Run& run, const SavingOptions& options, CallRecord& record) {

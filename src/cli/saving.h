@@ -22,6 +22,9 @@ struct SavingOptions {
 
 void add_saving_options(CLI::App& command, SavingOptions& options);
 
+/// Fails with UsageError for a name that does not end in .dxf.
+void require_dxf_name(const std::string& file);
+
 /// Fails with UsageError where there is nothing to save, or no such format.
 void check_saving(const SavingOptions& options, std::span<const std::string> drawings);
 

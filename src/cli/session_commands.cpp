@@ -34,12 +34,6 @@ void no_words(std::span<const std::string> words, std::string_view command) {
   if (!words.empty()) throw UsageError(std::string(command) + " takes nothing behind it");
 }
 
-/// A file to write, which must be named as DXF.
-std::string dxf_name(const std::string& file) {
-  if (basic::contains_ignoring_case(basic::right(file, 4), ".dxf")) return file;
-  throw UsageError(file + ": only DXF can be written: the name must end in .dxf");
-}
-
 }  // namespace
 
 embedded::DocumentPointer Interpreter::active() const {
@@ -67,7 +61,8 @@ void Interpreter::save(Words words) {
 
 void Interpreter::save_as(Words words) {
   const embedded::DocumentPointer document = active();
-  const std::string file = dxf_name(only_word(words, "SAVEAS", "file"));
+  const std::string file = only_word(words, "SAVEAS", "file");
+  require_dxf_name(file);
   document->drawing.save(std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
   document->read_only = false;
   print("saved to " + file + "\n");

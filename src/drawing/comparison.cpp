@@ -136,19 +136,26 @@ class SpaceComparison {
     return changed;
   }
 
+  using ByReal = std::multimap<double, RecordId>;
+
+  ByReal::const_iterator twin_of(const Tags& content, const ByReal& by_real) const {
+    const double real = first_real(content);
+    const auto end = by_real.upper_bound(real + tolerance_);
+    auto twin = by_real.lower_bound(real - tolerance_);
+    constexpr int looks = 64;  // of many alike, one of the first is as good as any
+    for (int look = 0; twin != end && look < looks; ++look, ++twin) {
+      if (same_content(content, rest_b_.at(twin->second), tolerance_)) return twin;
+    }
+    return by_real.end();
+  }
+
   /// Takes out of the rests what has a twin of the same content.
   void match_contents() {
-    std::multimap<double, RecordId> by_real;
+    ByReal by_real;
     for (const auto& [id, content] : rest_b_) by_real.emplace(first_real(content), id);
     for (auto it = rest_a_.begin(); it != rest_a_.end();) {
-      const double real = first_real(it->second);
-      const auto end = by_real.upper_bound(real + tolerance_);
-      auto twin = by_real.lower_bound(real - tolerance_);
-      constexpr int looks = 64;  // of many alike, one of the first is as good as any
-      for (int look = 0; twin != end && look < looks; ++look, ++twin) {
-        if (same_content(it->second, rest_b_.at(twin->second), tolerance_)) break;
-      }
-      if (twin == end || !same_content(it->second, rest_b_.at(twin->second), tolerance_)) {
+      const auto twin = twin_of(it->second, by_real);
+      if (twin == by_real.end()) {
         ++it;
         continue;
       }

@@ -21,13 +21,13 @@ struct Difference {
   Kind kind;
   std::string what;   // "LINE", "LAYER"
   std::string space;  // of an entity: the block it is in
-  std::string name;   // of a table row or a header variable
+  std::string name;   // of a layer
   RecordId a = RecordId::none, b = RecordId::none;
   std::vector<ValueDifference> values;  // of changed ones
 };
 
 struct Comparison {
-  std::vector<Difference> differences;  // header, table rows, then entities, in the drawings' order
+  std::vector<Difference> differences;  // layers, then entities, in the drawings' order
   std::size_t same = 0;                 // entities that do not differ
 };
 

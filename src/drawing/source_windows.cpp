@@ -84,12 +84,4 @@ Source Source::map(const std::filesystem::path& path) {
   return source;
 }
 
-Source Source::of(std::string bytes) {
-  auto kept = std::make_shared<const std::string>(std::move(bytes));
-  Source source;
-  source.bytes_ = *kept;
-  source.owner_ = std::move(kept);
-  return source;
-}
-
 }  // namespace velmar::drawing
