@@ -56,6 +56,7 @@ std::vector<std::string> read_answers(const CallOptions& options) {
 
 ExitCode report(const CallRecord& record, bool json) {
   print(json ? to_text(call_json(record)) : call_text(record));
+  tell_refused(record);
   if (record.failure) complain(failure_text(*record.failure));
   if (record.drawing_failure) complain(*record.drawing_failure);
   if (record.drawing_failure) return ExitCode::drawing_failed;
@@ -70,7 +71,7 @@ ExitCode call_method(const CallOptions& options) {
   embedded::ScriptedInput input(read_answers(options));
   try {
     Run run(options.drawings, input, options.saving.journal);
-    if (options.saving.dry_run) run.protect_files();
+    if (options.saving.dry_run) run.begin_dry_run();
     run.call(record);
     record.transcript = input.transcript();
     if (!record.failure && input.left() > 0) {

@@ -2,6 +2,7 @@
 
 #include "basic/number_text.h"
 #include "basic/strings.h"
+#include "cli/console.h"
 
 namespace velmar::cli {
 namespace {
@@ -91,12 +92,14 @@ Json call_json(const CallRecord& record) {
   for (const auto& entry : record.transcript) {
     transcript.push_back(std::visit([](const auto& kind) { return entry_json(kind); }, entry));
   }
-  return {{"method", record.method->name},
-          {"result", to_json(record.result)},
-          {"arguments", arguments},
-          {"transcript", transcript},
-          {"changes", changes_json(record.drawings)},
-          {"error", error_json(record)}};
+  Json json = {{"method", record.method->name},
+               {"result", to_json(record.result)},
+               {"arguments", arguments},
+               {"transcript", transcript},
+               {"changes", changes_json(record.drawings)},
+               {"error", error_json(record)}};
+  if (!record.refused.empty()) json["refused"] = record.refused;
+  return json;
 }
 
 Json script_json(const std::string& file, const CallRecord& all) {
@@ -120,6 +123,14 @@ std::string call_text(const CallRecord& record) {
 std::string failure_text(const basic::Failure& failure) {
   return "error " + std::to_string(failure.number) + ": " + failure.description + " (" +
          failure.source + ")";
+}
+
+void tell_refused(const CallRecord& record) {
+  for (const std::string& why : record.refused) {
+    // The failure that ended the method is told as that.
+    if (record.failure && record.failure->description.ends_with(why)) continue;
+    complain(why);
+  }
 }
 
 }  // namespace velmar::cli

@@ -17,6 +17,9 @@ Json script_json(const std::string& file, const CallRecord& all);
 /// that was changed or saved.
 std::string call_text(const CallRecord& record);
 
+/// Writes the drawings that the method could not open or save to standard error.
+void tell_refused(const CallRecord& record);
+
 /// "error 13: Type mismatch (VelmarMenu)".
 std::string failure_text(const basic::Failure& failure);
 

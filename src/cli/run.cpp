@@ -34,6 +34,7 @@ Run::Run(std::span<const std::string> files, embedded::Input& input, const std::
     if (!first) first = document;
   }
   if (first) application_->activate(first);
+  application_->on_file([this](embedded::FileNote note) { this->note(std::move(note)); });
   install_host_factory([this] { return application_; });
 }
 
@@ -62,11 +63,13 @@ void Run::activate(const embedded::DocumentPointer& document) { application_->ac
 void Run::close(const embedded::DocumentPointer& document) { application_->close(document); }
 
 void Run::call(CallRecord& record) {
+  running_ = &record;
   try {
     record.result = velmar::call(velmar_, *record.method, record.arguments);
   } catch (const basic::Failure& failure) {
     record.failure = failure;
   }
+  running_ = nullptr;
   application_->forget_failed_open();
 }
 
@@ -77,12 +80,27 @@ embedded::DocumentPointer Run::active() const { return application_->active(); }
 std::string Run::name_of(const embedded::DocumentState& document) const {
   const fs::path& path = document.drawing.path();
   if (path.empty()) return document.name_until_saved;
-  const auto given = given_names_.find(path.string());
-  return given != given_names_.end() ? given->second : path.string();
+  return shown(path.string());
 }
 
-void Run::protect_files() {
-  for (const embedded::DocumentPointer& document : documents()) document->read_only = true;
+std::string Run::shown(const std::string& file) const {
+  const auto given = given_names_.find(file);
+  if (given != given_names_.end()) return given->second;
+  const fs::path path = drawing::utf8_path(file);
+  const fs::path below = path.lexically_proximate(fs::current_path());
+  return below.begin()->string() == ".." ? file : below.string();
+}
+
+void Run::begin_dry_run() { application_->begin_dry_run(); }
+
+void Run::note(embedded::FileNote note) {
+  if (running_ == nullptr) return;
+  if (!note.failure.empty()) {
+    running_->refused.push_back(std::move(note.failure));
+    return;
+  }
+  const std::string saved_to = note.saved_to.empty() ? std::string() : shown(note.saved_to);
+  running_->drawings.push_back({shown(note.drawing), std::move(note.changes), saved_to});
 }
 
 }  // namespace velmar::cli

@@ -37,15 +37,20 @@ class Run {
   std::vector<embedded::DocumentPointer> documents() const;
   /// Null where nothing is open.
   embedded::DocumentPointer active() const;
-  /// The drawing's file as the user gave it; where a method opened or named it, the whole path.
+  /// The drawing's file as the user gave it; where a method opened or named it, below the
+  /// current folder or whole.
   std::string name_of(const embedded::DocumentState& document) const;
-  /// From now on a method that saves a drawing in place fails.
-  void protect_files();
+  /// From now on a method that saves a drawing writes nothing.
+  void begin_dry_run();
 
  private:
+  void note(embedded::FileNote note);
+  std::string shown(const std::string& file) const;
+
   std::shared_ptr<embedded::Application> application_;
   Velmar16 velmar_;
   std::map<std::string, std::string> given_names_;  // by whole path
+  CallRecord* running_ = nullptr;
 };
 
 }  // namespace velmar::cli

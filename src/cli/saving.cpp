@@ -88,6 +88,10 @@ void save(const Run& run, const SavingOptions& options, CallRecord& record) {
     std::string target;
     if (may_save) target = target_of(file, document == active, is_changed, options);
     if (!is_changed && target.empty()) continue;
+    // In a dry run its changes are still there after the method has saved it.
+    std::erase_if(record.drawings, [&](const DrawingChanges& told) {
+      return told.drawing == file && told.saved_to.empty();
+    });
     record.drawings.push_back({file, std::move(changes), {}});
     if (target.empty()) {
       tell_unsaved(file, options, record.failure.has_value());

@@ -26,11 +26,13 @@ struct ScriptOptions {
 
 void report_text(const CallRecord& record) {
   print(call_text(record));
+  tell_refused(record);
   if (record.failure) complain(failure_text(*record.failure));
 }
 
 void report_json(const CallRecord& record) {
   print(to_text(call_json(record)));
+  tell_refused(record);
   if (record.failure) complain(failure_text(*record.failure));
 }
 
@@ -60,7 +62,7 @@ ExitCode run_script(const ScriptOptions& options) {
   ScriptLines lines(options.file);
   Conversation conversation(lines);
   Run run(options.drawings, conversation, options.saving.journal);
-  if (options.saving.dry_run) run.protect_files();
+  if (options.saving.dry_run) run.begin_dry_run();
   Interpreter interpreter(run, lines, conversation, options.json ? report_json : report_text);
   const std::optional<std::string> failed = run_lines(interpreter, lines, options.goes_on);
 

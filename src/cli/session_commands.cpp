@@ -2,6 +2,7 @@
 #include "cli/console.h"
 #include "cli/interpreter.h"
 #include "cli/method_lookup.h"
+#include "cli/saving.h"
 #include "cli/usage_error.h"
 #include "component/method_table.h"
 #include "drawing/error.h"

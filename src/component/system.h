@@ -36,8 +36,8 @@ class System {
   virtual std::string special_folder(std::int32_t number) const = 0;
   /// What stands between a folder and what is in it.
   virtual char path_separator() const = 0;
-  /// Full paths of what is directly in the folder, in the file system's order; error 76 where there
-  /// is no such folder.
+  /// Full paths of what is directly in the folder, in the file system's order or by name; error 76
+  /// where there is no such folder.
   virtual std::vector<std::string> files(std::string_view folder) const = 0;
   virtual std::vector<std::string> subfolders(std::string_view folder) const = 0;
   virtual bool file_exists(std::string_view path) const = 0;

@@ -30,6 +30,10 @@ class Application final : public PlainObject {
   void on_quit(std::function<void()> action) { session_->quit = std::move(action); }
   /// Between two commands: the active drawing is there again after an Open that failed.
   void forget_failed_open() { session_->forget_failed_open(); }
+  /// From now on saving goes well and writes nothing.
+  void begin_dry_run() { session_->dry_run = true; }
+  /// The action hears of every drawing that is saved, or that cannot be opened or saved.
+  void on_file(std::function<void(FileNote)> action) { session_->on_file = std::move(action); }
   /// The open drawings, in the order in which they were opened.
   std::vector<DocumentPointer> documents() const;
   /// Null where no drawing is open.

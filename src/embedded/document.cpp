@@ -141,14 +141,9 @@ Value Document::call(Member member, std::span<Value> arguments) {
 
 void Document::save() {
   if (state_->drawing.path().empty()) {
-    throw failure(HostError::saving_failed,
-                  "Error saving the document: " + state_->name_until_saved +
-                      " has no file yet; give it a name with SaveAs");
+    throw saving_failed(state_->name_until_saved + " has no file yet; give it a name with SaveAs");
   }
-  if (state_->read_only) {
-    throw failure(HostError::saving_failed,
-                  "Error saving the document: " + document_name(*state_) + " is read-only");
-  }
+  if (state_->read_only) throw saving_failed(document_name(*state_) + " is read-only");
   write(state_->drawing.path());
 }
 
@@ -172,8 +167,7 @@ void Document::save_as(const std::string& name, std::optional<std::int32_t> type
   }
   const auto open = session()->find(path);
   if (open && open != self()) {
-    throw failure(HostError::saving_failed,
-                  "Error saving the document: " + path.string() + " is open");
+    throw saving_failed(path.string() + " is open");
   }
   write(path);
   state_->read_only = false;
@@ -282,12 +276,21 @@ Value Document::space(drawing::SpaceId id) const {
 }
 
 void Document::write(const std::filesystem::path& path) {
+  FileNote note{.drawing = document_full_name(*state_), .changes = state_->drawing.changes()};
   try {
-    state_->drawing.save(path);
+    if (!session()->dry_run) {
+      state_->drawing.save(path);
+      note.saved_to = path.string();
+    }
   } catch (const drawing::Error& error) {
-    throw failure(HostError::saving_failed,
-                  "Error saving the document: " + std::string(error.what()));
+    throw saving_failed(error.what());
   }
+  session()->on_file(std::move(note));
+}
+
+basic::Failure Document::saving_failed(const std::string& why) {
+  session()->on_file({.drawing = document_full_name(*state_), .failure = why});
+  return failure(HostError::saving_failed, "Error saving the document: " + why);
 }
 
 void Document::put_active_layout(const Value& value) {

@@ -67,6 +67,8 @@ class Document final : public PlainObject {
   std::shared_ptr<Document> self() const;
   Value space(drawing::SpaceId id) const;
   void write(const std::filesystem::path& path);
+  /// The failure to throw; it is told of as a note.
+  basic::Failure saving_failed(const std::string& why);
   void put_active_layer(const Value& value);
   Value active_text_style() const;
   void put_active_text_style(const Value& value);

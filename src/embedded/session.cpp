@@ -64,6 +64,15 @@ Session::DocumentObject Session::find(const fs::path& path) const {
 
 Session::DocumentObject Session::open(const fs::path& path, bool read_only) {
   open_failed_ = true;
+  try {
+    return open_file(path, read_only);
+  } catch (const basic::Failure& failure) {
+    on_file({.drawing = path.string(), .failure = failure.description});
+    throw;
+  }
+}
+
+Session::DocumentObject Session::open_file(const fs::path& path, bool read_only) {
   require_file(path);
   if (const DocumentObject already = find(path)) {
     activate(already);

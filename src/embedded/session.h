@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "embedded/document_state.h"
+#include "embedded/file_note.h"
 #include "embedded/input.h"
 #include "embedded/save_format.h"
 
@@ -43,6 +44,8 @@ class Session : public std::enable_shared_from_this<Session> {
 
   Input& input;
   std::shared_ptr<drawing::Journal> journal;  // of every drawing's saves; null: none is kept
+  std::function<void(FileNote)> on_file = [](FileNote) {};  // hears of drawings saved or refused
+  bool dry_run = false;                                     // saving goes well and writes nothing
   std::int32_t save_as_type = native_save_type;
   std::int32_t auto_save_interval = 10, incremental_save_percent = 50;
   bool create_backup = false;
@@ -50,6 +53,7 @@ class Session : public std::enable_shared_from_this<Session> {
   std::function<void()> quit;  // ends the program that runs the host, where it can be ended
 
  private:
+  DocumentObject open_file(const std::filesystem::path& path, bool read_only);
   DocumentObject begin(drawing::Drawing drawing);
 
   std::vector<DocumentObject> documents_;

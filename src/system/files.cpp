@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <stdio.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
@@ -64,6 +65,7 @@ std::vector<std::string> list_folder(std::string_view folder, Listed what) {
     }
   }
   if (error) fail(error);
+  std::ranges::sort(paths);  // file systems here list in any order; users know it by name
   return paths;
 }
 

@@ -92,6 +92,41 @@ TEST(PurgeALLFolder, HarmsNeitherWhatItCannotOpenNorTheActiveDrawing) {
   EXPECT_TRUE(scene.drawing().changes().empty());
 }
 
+TEST(PurgeALLFolder, LeavesWriteProtectedDrawingsAsTheyAre) {
+  Scene scene(line_lines("30"));
+  const Folder folder(scene);
+  const fs::path kept = folder.add("kept.dwg", with_unused_layer());
+  fs::permissions(kept, fs::perms::owner_read);
+  folder.add("purged.dwg", with_unused_layer());
+  EXPECT_FALSE(scene.run("PurgeALLFolder", folder.path()).failure);
+  EXPECT_EQ(folder.content("kept.dwg"), with_unused_layer());
+  EXPECT_FALSE(has_layer(folder.content("purged.dwg"), "Unused"));
+  EXPECT_EQ(scene.application().Documents().Count(), 1);
+  EXPECT_EQ(scene.run("DeleteLayouts", folder.path()).failure.has_value(), true);
+  EXPECT_EQ(folder.content("kept.dwg"), with_unused_layer());
+  fs::permissions(kept, fs::perms::owner_all);
+}
+
+TEST(FolderCommands, TakeTwoHundredDrawings) {
+  constexpr int count = 200;
+  Scene scene(line_lines("30"));
+  const Folder folder(scene);
+  const std::string drawing = with_unused_layer();
+  const auto name = [](int i, std::string_view type) {
+    return "sheet " + std::to_string(i) + "." + std::string(type);
+  };
+  for (int i = 0; i < count; ++i) folder.add(name(i, i % 2 == 0 ? "dwg" : "DWG"), drawing);
+  folder.add("sheet 7.txt", drawing);
+  scene.run("FolderDwgDxf", folder.path());
+  scene.run("PurgeALLFolder", folder.path());
+  for (int i = 0; i < count; ++i) {
+    ASSERT_TRUE(has_layer(folder.content(name(i, "dxf")), "Unused")) << i;
+    ASSERT_FALSE(has_layer(folder.content(name(i, i % 2 == 0 ? "dwg" : "DWG")), "Unused")) << i;
+  }
+  EXPECT_EQ(folder.content("sheet 7.txt"), drawing);
+  EXPECT_EQ(scene.application().Documents().Count(), 1);
+}
+
 TEST(FolderDwgDxf, SavesEachDrawingInTheExchangeFormatOfTheRelease) {
   Scene scene(line_lines("30"));
   const Folder folder(scene);

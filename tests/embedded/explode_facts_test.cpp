@@ -1,0 +1,87 @@
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <nlohmann/json.hpp>
+
+#include "drawing/extents.h"
+#include "embedded/entity_scene.h"
+
+// What an independent reader makes of the corpus's block references
+// (tests/corpus/explode_facts.py).
+
+namespace velmar::embedded {
+namespace {
+
+using drawing::Box;
+using drawing::Drawing;
+using nlohmann::json;
+
+/// Polylines with arcs under unequal scales become pieces whose number is each program's own.
+bool counts_are_comparable(const json& kinds) { return !kinds.contains("LEADER"); }
+
+/// Kinds whose box needs no font.
+bool without_fonts(const std::string& kind) {
+  static const char* const kinds[] = {"LINE",     "ARC",   "CIRCLE", "ELLIPSE", "LWPOLYLINE",
+                                      "POLYLINE", "SOLID", "TRACE",  "3DFACE"};
+  return std::ranges::find(kinds, kind) != std::end(kinds);
+}
+
+struct Parts {
+  std::map<std::string, int> kinds;
+  Box box;
+};
+
+Parts explode(const EntityScene& scene, const std::string& handle) {
+  const Drawing& drawing = scene.document->drawing;
+  Parts parts;
+  const Value made = scene.call(handle, Member::Explode);
+  for (const Value& item : *made.if_is<basic::List>()) {
+    const auto object = EntityScene::as_object(item);
+    const Value own = object->get(Member::Handle);
+    const auto id = drawing.find(drawing::parse_handle(*own.if_is<std::string>()));
+    const std::string kind(drawing.kind_name(id));
+    if (kind == "ATTDEF") continue;
+    ++parts.kinds[kind];
+    if (!without_fonts(kind)) continue;
+    if (const auto box = drawing::extents(drawing, id)) parts.box.add(*box);
+  }
+  return parts;
+}
+
+void expect_box(const Box& box, const json& expected, const std::string& where) {
+  ASSERT_EQ(box.empty(), expected.is_null()) << where;
+  if (box.empty()) return;
+  const double size =
+      1 + std::abs(box.min.x) + std::abs(box.max.x) + std::abs(box.min.y) + std::abs(box.max.y);
+  const double flattening = 1e-3;  // of the reader's curves
+  EXPECT_NEAR(box.min.x, expected[0][0].get<double>(), flattening + 1e-9 * size) << where;
+  EXPECT_NEAR(box.min.y, expected[0][1].get<double>(), flattening + 1e-9 * size) << where;
+  EXPECT_NEAR(box.max.x, expected[1][0].get<double>(), flattening + 1e-9 * size) << where;
+  EXPECT_NEAR(box.max.y, expected[1][1].get<double>(), flattening + 1e-9 * size) << where;
+}
+
+TEST(ExplodeFacts, KindsAndBoxesAreThoseOfAnIndependentReader) {
+  const std::filesystem::path corpus = VELMAR_CORPUS;
+  const json files = json::parse(std::ifstream(corpus / "explode.json"));
+  int compared = 0, stretched = 0;
+  for (const auto& [file, references] : files.items()) {
+    const EntityScene scene(Drawing::open(corpus / file));
+    for (const auto& [handle, facts] : references.items()) {
+      const std::string where = file + " #" + handle;
+      const Parts parts = explode(scene, handle);
+      if (counts_are_comparable(facts["kinds"]))
+        EXPECT_EQ(json(parts.kinds), facts["kinds"]) << where;
+      expect_box(parts.box, facts["box"], where);
+      ++compared;
+
+      const Value scale = scene.get(handle, Member::XScaleFactor);
+      scene.put(handle, Member::XScaleFactor, 2 * *scale.if_is<double>());
+      expect_box(explode(scene, handle).box, facts["stretched"], where + " stretched");
+      ++stretched;
+    }
+  }
+  EXPECT_GT(compared, 100);
+}
+
+}  // namespace
+}  // namespace velmar::embedded
