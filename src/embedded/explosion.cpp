@@ -69,7 +69,9 @@ Successor successor(const Drawing& drawing, RecordId original, const Matrix& pla
                         (is_reference ? "makes a block reference oblique" : "moves " + kind));
   }
   const bool is_r12 = drawing.version() < "AC1012";
-  const bool to_ellipse = std::holds_alternative<drawing::Ellipse>(result.bodies.front());
+  const bool to_ellipse = std::ranges::any_of(result.bodies, [](const Body& body) {
+    return std::holds_alternative<drawing::Ellipse>(body);
+  });
   if (is_r12 && to_ellipse) {
     throw not_supported("Explode of INSERT that makes an ellipse of " + kind + ", in R12,");
   }

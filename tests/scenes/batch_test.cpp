@@ -111,7 +111,8 @@ TEST(FolderCommands, TakeTwoHundredDrawings) {
   constexpr int count = 200;
   Scene scene(line_lines("30"));
   const Folder folder(scene);
-  const std::string drawing = with_unused_layer();
+  std::string drawing = with_unused_layer();
+  drawing.replace(drawing.find("AC1015"), 6, "AC1018");
   const auto name = [](int i, std::string_view type) {
     return "sheet " + std::to_string(i) + "." + std::string(type);
   };
