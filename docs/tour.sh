@@ -33,7 +33,7 @@ run() {
   printf '\n```\n'
   for command; do
     printf '$ %s\n' "$command"
-    (eval "$command" 2>&1 || true) | sed -e '/^$/d' -e 's/[[:space:]]*$//'
+    (eval "$command" 2>&1 || true) | sed -e '/^$/d' -e 's/[[:space:]]*$//' -e "s:$PWD/::g"
   done
   printf '```\n'
 }
@@ -124,7 +124,7 @@ part 'ExplodeBlock, DeleteBlock' 'Every insertion of the picked block in model s
 run "velmar call -d details.dxf -a '#1469' ExplodeBlock -o out.dxf" "velmar call -d details.dxf -a '#1469' DeleteBlock -o out.dxf"
 part 'ZoomLayouts, SaveAllDrawings, SaveAllCurrentDrawings' 'Several drawings are open, the first is active. The list is read again by LoadAllCurrentDrawings.'
 run "cp details.dxf a.dxf; cp wiring.dxf b.dxf" "velmar call -d a.dxf -d b.dxf ZoomLayouts" "cmp a.dxf details.dxf" \
-  "XDG_DATA_HOME=\$PWD velmar call -d a.dxf -d b.dxf SaveAllCurrentDrawings" "sed s,\$PWD,FOLDER,g CurrentDrawings.Txt"
+  "XDG_DATA_HOME=\$PWD velmar call -d a.dxf -d b.dxf SaveAllCurrentDrawings" "cat velmar/CurrentDrawings.Txt"
 part 'Delete_OLE, Unload_Xref, Unload_TB' 'OLE frames, 200 a run; the first external reference whose name contains "ref" or "TB" is unloaded.'
 run "velmar call -d plan.dxf Delete_OLE" "velmar call -d plan.dxf Unload_Xref" "velmar call -d plan.dxf Unload_TB"
 part 'PurgeALLFolder, FolderDwgDxf, FolderDxfDwg, DeleteLayouts, DelFilNam' 'Every drawing of a folder. Files named .dwg that are DXF inside open;' \
