@@ -17,6 +17,12 @@ Json script_json(const std::string& file, const CallRecord& all);
 /// that was changed or saved.
 std::string call_text(const CallRecord& record);
 
+/// A value for people; points and lists with commas.
+std::string value_text(const basic::Value& value);
+
+/// What is in by-reference parameters now and was not before: "N = 4", a line for each.
+std::string written_back_text(const CallRecord& record);
+
 /// "error 13: Type mismatch (VelmarMenu)".
 std::string failure_text(const basic::Failure& failure);
 
