@@ -25,6 +25,7 @@ void add_call(CLI::App& program, Action& action);
 void add_methods(CLI::App& program, Action& action);
 void add_info(CLI::App& program, Action& action);
 void add_script(CLI::App& program, Action& action);
+void add_console(CLI::App& program, Action& action);
 void add_batch(CLI::App& program, Action& action);
 void add_undo(CLI::App& program, Action& action);
 void add_diff(CLI::App& program, Action& action);

@@ -137,6 +137,16 @@ std::vector<Value> read_all(const Method& method, std::span<const std::string> w
 
 }  // namespace
 
+std::optional<std::string> refusal(const Method& method, std::size_t parameter,
+                                   const std::string& word) {
+  try {
+    read_argument(method.parameters()[parameter], word);
+    return std::nullopt;
+  } catch (const UsageError& error) {
+    return error.what();
+  }
+}
+
 std::vector<Value> read_arguments(const Method& method, std::span<const std::string> words) {
   try {
     return read_all(method, words);

@@ -1,6 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <atomic>
-#include <csignal>
 #include <memory>
 #include <set>
 #include <sstream>
@@ -12,6 +10,7 @@
 #include "cli/batch_jobs.h"
 #include "cli/console.h"
 #include "cli/drawing_files.h"
+#include "cli/interrupt.h"
 #include "cli/method_lookup.h"
 #include "cli/progress.h"
 #include "cli/usage_error.h"
@@ -142,9 +141,6 @@ BatchJob job_for(const BatchOptions& options, const DrawingFile& file, std::size
   return job;
 }
 
-std::atomic<bool> interrupted = false;
-extern "C" void note_interrupt(int) { interrupted = true; }
-
 struct Totals {
   std::size_t done = 0, failed = 0, changed = 0, left = 0;
 };
@@ -153,8 +149,9 @@ Totals run_jobs(std::deque<BatchJob> waiting, const BatchOptions& options, Batch
   Totals totals;
   Progress progress(waiting.size());
   const unsigned at_once = options.jobs > 0 ? options.jobs : processors();
-  BatchJobs jobs(std::move(waiting), at_once, std::chrono::seconds(options.timeout), interrupted);
-  std::signal(SIGINT, note_interrupt);
+  BatchJobs jobs(std::move(waiting), at_once, std::chrono::seconds(options.timeout),
+                 interruption());
+  note_interrupts();
   while (const std::optional<BatchRow> row = jobs.next()) {
     report.add(*row);
     const bool done = row->status == "done";

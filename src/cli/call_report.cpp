@@ -106,6 +106,8 @@ Json script_json(const std::string& file, const CallRecord& all) {
   return {{"script", file}, {"changes", changes_json(all.drawings)}, {"error", error_json(all)}};
 }
 
+std::string value_text(const basic::Value& value) { return std::visit(ToText{}, value.content()); }
+
 std::string call_text(const CallRecord& record) {
   std::string text;
   for (const auto& entry : record.transcript) {
@@ -113,10 +115,22 @@ std::string call_text(const CallRecord& record) {
     const std::string message = said != nullptr ? message_text(said->text) : std::string();
     if (!message.empty()) text += message + "\n";
   }
-  const std::string result = std::visit(ToText{}, record.result.content());
+  const std::string result = value_text(record.result);
   const bool has_text = record.result.is<std::string>();
   if (!result.empty() || has_text) text += result + "\n";
   for (const DrawingChanges& drawing : record.drawings) text += changes_text(drawing) + "\n";
+  return text;
+}
+
+std::string written_back_text(const CallRecord& record) {
+  std::string text;
+  const std::span<const Parameter> parameters = record.method->parameters();
+  for (std::size_t i = 0; i < record.given.size(); ++i) {
+    if (!parameters[i].by_reference) continue;
+    const std::string now = value_text(record.arguments[i]);
+    if (now == value_text(record.given[i])) continue;
+    text += std::string(parameters[i].name) + " = " + now + "\n";
+  }
   return text;
 }
 

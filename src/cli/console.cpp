@@ -5,14 +5,30 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
+#include "cli/printable.h"
 #include "drawing/error.h"
 
 namespace velmar::cli {
 
+namespace {
+
+bool has_colours() {
+  const char* const refused = std::getenv("NO_COLOR");
+  const char* const terminal = std::getenv("TERM");
+  return (refused == nullptr || *refused == 0) && terminal != nullptr &&
+         std::string_view(terminal) != "dumb" && ::isatty(STDERR_FILENO) != 0;
+}
+
+}  // namespace
+
 void print(std::string_view text) {
+  static const bool to_terminal = ::isatty(STDOUT_FILENO) != 0;
+  const std::string shown = to_terminal ? printable_lines(text) : std::string();
+  if (to_terminal) text = shown;
   errno = 0;
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (written && std::fflush(stdout) == 0) return;
@@ -23,7 +39,10 @@ void print(std::string_view text) {
 }
 
 void complain(std::string_view message) {
-  const std::string line = std::string(message) + "\n";
+  static const bool to_terminal = ::isatty(STDERR_FILENO) != 0, in_colour = has_colours();
+  std::string line = to_terminal ? printable_lines(message) : std::string(message);
+  if (in_colour) line = "\x1B[31m" + line + "\x1B[0m";
+  line += "\n";
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

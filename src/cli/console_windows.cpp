@@ -5,6 +5,7 @@
 
 #include "basic/utf16.h"
 #include "cli/console.h"
+#include "cli/printable.h"
 #include "drawing/error.h"
 #include "drawing/windows_handle.h"
 
@@ -29,7 +30,7 @@ bool write(DWORD standard, std::string_view text) {
     }
     return true;
   };
-  return is_console ? write_all(basic::to_utf16(text), ::WriteConsoleW)
+  return is_console ? write_all(basic::to_utf16(printable_lines(text)), ::WriteConsoleW)
                     : write_all(text, ::WriteFile);
 }
 

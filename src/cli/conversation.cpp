@@ -5,7 +5,7 @@
 namespace velmar::cli {
 
 std::optional<std::string> Conversation::answer(const embedded::Question& question) {
-  std::optional<std::string> answer = lines_.answer(question.prompt);
+  std::optional<std::string> answer = lines_.answer(question.prompt, question.keywords);
   transcript_.emplace_back(embedded::Asked{question.prompt, answer});
   return answer;
 }

@@ -7,6 +7,7 @@
 #include "cli/console.h"
 #include "cli/doctor.h"
 #include "cli/json.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 
 namespace velmar::cli {

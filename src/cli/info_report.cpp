@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "basic/number_text.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 #include "cli/warnings.h"
 
@@ -57,6 +58,8 @@ std::string state_text(const drawing::LayerRow& layer) {
   return state.empty() ? state : state.substr(1);
 }
 
+}  // namespace
+
 std::string layers_text(const std::vector<LayerSurvey>& layers) {
   if (layers.empty()) return heading("layers", 0);
   TextTable table({Side::left, Side::right, Side::left, Side::right, Side::left});
@@ -68,6 +71,8 @@ std::string layers_text(const std::vector<LayerSurvey>& layers) {
   }
   return heading("layers", layers.size()) + table.text(2);
 }
+
+namespace {
 
 std::string layouts_text(const std::vector<LayoutSurvey>& layouts) {
   TextTable table({Side::left, Side::right, Side::right});

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace velmar::cli {
 
@@ -11,8 +12,12 @@ class Lines {
   virtual ~Lines() = default;
   /// The next command line; nothing at the end.
   virtual std::optional<std::string> command() = 0;
-  /// The answer to a question as it was typed; nothing where the question is cancelled.
-  virtual std::optional<std::string> answer(const std::string& prompt) = 0;
+  /// The answer to a question as it was typed, nothing where the question is cancelled; `offered`
+  /// are some that could be given.
+  virtual std::optional<std::string> answer(const std::string& prompt,
+                                            const std::vector<std::string>& offered) = 0;
+  /// Whether a user sees what is written and can be asked again.
+  virtual bool has_user() const { return false; }
   /// Why the last question was cancelled, where it was not the user's wish; else empty.
   virtual std::string why_cancelled() const { return {}; }
 };

@@ -41,6 +41,7 @@ Action read_command_line(const std::vector<std::string>& words) {
   velmar::cli::add_methods(program, action);
   velmar::cli::add_info(program, action);
   velmar::cli::add_script(program, action);
+  velmar::cli::add_console(program, action);
   velmar::cli::add_batch(program, action);
   velmar::cli::add_undo(program, action);
   velmar::cli::add_diff(program, action);

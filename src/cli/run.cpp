@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "basic/failure.h"
+#include "cli/interrupt.h"
 #include "cli/warnings.h"
 #include "component/method_table.h"
 #include "component/session.h"
@@ -18,16 +19,19 @@ namespace {
 namespace fs = std::filesystem;
 
 std::shared_ptr<embedded::Application> start_host(embedded::Input& input,
-                                                  const std::string& journal) {
+                                                  const std::string& journal, bool history) {
   embedded::Options options;
+  options.history = history;
   if (!journal.empty()) options.journal = fs::absolute(drawing::utf8_path(journal));
   return embedded::start(input, options);
 }
 
 }  // namespace
 
-Run::Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal)
-    : application_(start_host(input, journal)), velmar_(system::user_system()) {
+Run::Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal,
+         Session session)
+    : application_(start_host(input, journal, session != Session::one_call)),
+      velmar_(system::user_system()) {
   embedded::DocumentPointer first;
   for (const std::string& file : files) {
     const embedded::DocumentPointer document = open(file);
@@ -35,7 +39,10 @@ Run::Run(std::span<const std::string> files, embedded::Input& input, const std::
   }
   if (first) application_->activate(first);
   application_->on_file([this](embedded::FileNote note) { this->note(std::move(note)); });
-  install_host_factory([this] { return application_; });
+  const bool ends_on_interrupt = session == Session::interruptible;
+  install_host_factory([this, ends_on_interrupt]() -> std::shared_ptr<host::Object> {
+    return ends_on_interrupt ? interruptible(application_) : application_;
+  });
 }
 
 Run::~Run() {

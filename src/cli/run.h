@@ -17,9 +17,16 @@ namespace velmar::cli {
 /// The embedded host with the drawings of one call, and the user's answers. One at a time.
 class Run {
  public:
+  enum class Session {
+    one_call,
+    steps,         // of which each can be taken back
+    interruptible  // and Ctrl-C ends the method that runs
+  };
+
   /// Opens the drawings and shows their warnings; the first one is active. Saves are noted in the
   /// journal, if one is named. Fails with drawing::Error.
-  Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal = {});
+  Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal = {},
+      Session session = Session::one_call);
   ~Run();
   Run(const Run&) = delete;
   Run& operator=(const Run&) = delete;

@@ -24,20 +24,17 @@ struct ScriptOptions {
   bool json = false;
 };
 
-void report_text(const CallRecord& record) {
-  print(call_text(record));
-  tell_refused(record);
-  if (record.failure) complain(failure_text(*record.failure));
-}
-
-void report_json(const CallRecord& record) {
-  print(to_text(call_json(record)));
+/// What was changed is told at the end, of all lines together, but for what methods saved.
+void report(CallRecord record, bool json) {
+  std::erase_if(record.drawings, [](const DrawingChanges& told) { return told.saved_to.empty(); });
+  print(json ? to_text(call_json(record)) : call_text(record));
   tell_refused(record);
   if (record.failure) complain(failure_text(*record.failure));
 }
 
 /// Runs the lines; where it ends early, what stopped it.
-std::optional<std::string> run_lines(Interpreter& interpreter, ScriptLines& lines, bool goes_on) {
+std::optional<std::string> run_lines(Interpreter& interpreter, Lines& lines,
+                                     const ScriptLines& script, bool goes_on) {
   std::optional<std::string> failed;
   while (const std::optional<std::string> line = lines.command()) {
     bool done = false;
@@ -50,7 +47,7 @@ std::optional<std::string> run_lines(Interpreter& interpreter, ScriptLines& line
     }
     if (interpreter.wants_to_quit()) break;
     if (done) continue;
-    failed = lines.where() + ": \"" + *line + "\" failed";
+    failed = script.where() + ": \"" + *line + "\" failed";
     complain(*failed);
     if (!goes_on) break;
   }
@@ -59,12 +56,14 @@ std::optional<std::string> run_lines(Interpreter& interpreter, ScriptLines& line
 
 ExitCode run_script(const ScriptOptions& options) {
   check_saving(options.saving, options.drawings);
-  ScriptLines lines(options.file);
+  ScriptLines script(options.file);
+  RecordedLines lines(script);
   Conversation conversation(lines);
-  Run run(options.drawings, conversation, options.saving.journal);
+  Run run(options.drawings, conversation, options.saving.journal, Run::Session::steps);
   if (options.saving.dry_run) run.begin_dry_run();
-  Interpreter interpreter(run, lines, conversation, options.json ? report_json : report_text);
-  const std::optional<std::string> failed = run_lines(interpreter, lines, options.goes_on);
+  Interpreter interpreter(run, lines, conversation,
+                          [&](const CallRecord& record) { report(record, options.json); });
+  const std::optional<std::string> failed = run_lines(interpreter, lines, script, options.goes_on);
 
   CallRecord all;  // of what the script did to the drawings
   if (failed && !options.goes_on) all.failure = basic::Failure(0, "velmar", *failed);
@@ -80,8 +79,9 @@ ExitCode run_script(const ScriptOptions& options) {
 }
 
 constexpr const char* about_scripts =
-    "A line is a method with its arguments, or OPEN, SAVE, SAVEAS, CLOSE, DRAWINGS, QUIT; the\n"
-    "lines below it are the answers to its questions. An empty line is Enter, ^C is Escape.\n"
+    "A line is a method with its arguments, or a command of the console (OPEN, SAVEAS, UNDO, "
+    "...);\n"
+    "the lines below it are the answers to its questions. An empty line is Enter, ^C is Escape.\n"
     "A line that begins with ; is a comment. Quotes hold words together.";
 
 }  // namespace

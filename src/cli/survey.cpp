@@ -32,6 +32,11 @@ class Tally {
   std::map<Kind, std::pair<std::string, std::size_t>> kinds_;
 };
 
+bool is_there(const Drawing& of, const drawing::Layer& layer) {
+  if (layer.record == RecordId::none) return !layer.undone;
+  return !of.record(layer.record).is(drawing::Record::erased);
+}
+
 void survey_model_space(const Drawing& of, Survey& result) {
   Tally all;
   std::vector<Tally> by_layer(of.layers().size());
@@ -42,6 +47,7 @@ void survey_model_space(const Drawing& of, Survey& result) {
   }
   result.entities = all.counts();
   for (std::size_t i = 0; i < by_layer.size(); ++i) {
+    if (!is_there(of, of.layers()[i])) continue;
     result.layers.push_back({of.layers()[i], by_layer[i].counts()});
   }
 }
@@ -83,6 +89,12 @@ void survey_blocks(const Drawing& of, Survey& result) {
 }
 
 }  // namespace
+
+std::vector<LayerSurvey> survey_layers(const Drawing& of) {
+  Survey result;
+  survey_model_space(of, result);
+  return std::move(result.layers);
+}
 
 Survey survey(const Drawing& of) {
   Survey result;

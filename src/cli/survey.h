@@ -46,4 +46,6 @@ struct Survey {
 
 Survey survey(const drawing::Drawing& drawing);
 
+std::vector<LayerSurvey> survey_layers(const drawing::Drawing& drawing);
+
 }  // namespace velmar::cli

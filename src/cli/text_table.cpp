@@ -33,12 +33,4 @@ std::string TextTable::text(std::size_t indent) const {
   return all;
 }
 
-std::string printable(std::string_view text) {
-  std::string safe(text);
-  std::replace_if(
-      safe.begin(), safe.end(),
-      [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
-  return safe;
-}
-
 }  // namespace velmar::cli

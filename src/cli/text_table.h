@@ -23,7 +23,4 @@ class TextTable {
   std::vector<std::vector<std::string>> rows_;
 };
 
-/// The text with control characters (which a terminal would obey) replaced by "?".
-std::string printable(std::string_view text);
-
 }  // namespace velmar::cli

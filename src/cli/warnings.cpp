@@ -1,6 +1,7 @@
 #include "cli/warnings.h"
 
 #include "cli/console.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 
 namespace velmar::cli {

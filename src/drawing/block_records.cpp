@@ -3,6 +3,7 @@
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_builder.h"
 #include "drawing/erasing.h"
+#include "drawing/history.h"
 
 namespace velmar::drawing {
 namespace {
@@ -90,12 +91,14 @@ void erase_block_records(Store& store, SpaceId id) {
   for (const RecordId record : {block_row(store, id), space.block, space.endblk}) {
     if (record != RecordId::none) mark_erased(store, record);
   }
-  ++store.edition;
+  store.edited();
+  if (store.history) store.history->take(store, id);
   space = Space{};
   space.erased = true;
 }
 
 void write_block_name(Store& store, SpaceId id, const std::string& name) {
+  if (store.history) store.history->remember(store, id);
   Space& space = store.spaces[index(id)];
   edit(store, block_row(store, id), "AcDbBlockTableRecord",
        [&](dxf::FieldWriter& row) { row("Name", 2, name); });

@@ -2,6 +2,7 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_writer.h"
 #include "drawing/erasing.h"
+#include "drawing/history.h"
 #include "drawing/store.h"
 
 namespace velmar::drawing {
@@ -82,6 +83,7 @@ void Drawing::write_block(SpaceId id, Point base, std::int32_t flags, const std:
     writer("Path", 1, path, unless{space.path});
     if (writer.changed()) store_->patch(space.block, writer.result());
   }
+  if (store_->history) store_->history->remember(*store_, id);
   space.base = base;
   space.flags = flags;
   space.path = path;

@@ -26,6 +26,7 @@ std::unique_ptr<Store> loaded(Source source, std::filesystem::path path, std::st
   store->stamp = store->source.stamp();
   dxf::load(*store);
   store->source_count = store->records.size();
+  store->handle_seed = store->next_handle;
   return store;
 }
 

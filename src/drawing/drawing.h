@@ -24,6 +24,7 @@ namespace velmar::drawing {
 /// is none).
 struct Layer : LayerRow {
   RecordId record = RecordId::none;
+  bool undone = false;  // of a step that was taken back: it is not there
 };
 
 /// Where entities are drawn: model space, the sheet of a layout, or a block definition.
@@ -232,6 +233,18 @@ class Drawing {
   std::vector<std::pair<int, std::string>> read_xdata(RecordId id) const;
   /// Replaces the extended data of the applications named in `tags` (each run begins with 1001).
   void write_xdata(RecordId id, const std::vector<std::pair<int, std::string>>& tags);
+
+  // Steps that can be taken back, in any number.
+  /// From now on edits can be taken back.
+  void keep_history();
+  /// What was edited since the last step is one under this name; nothing where nothing was. Tells
+  /// what it did.
+  Changes end_step(std::string name);
+  /// Takes the last step back, does it again; its name, or nothing where there is none. What is
+  /// edited afterwards ends what could be done again. Entities that were added by a step taken back
+  /// are erased ones.
+  std::optional<std::string> undo();
+  std::optional<std::string> redo();
 
   // Saving.
   Changes changes() const;

@@ -90,6 +90,7 @@ bool write_record(Store& store, RecordId id, const Lists&... lists) {
   if (!writer.changed()) return false;
   std::string bytes = writer.result();
   if (store.at(id).is(Record::handle_is_ours) && store.format.has_subclasses()) {
+    store.remember(id);
     bytes = dxf::with_handle(bytes, store.at(id).handle, store.format);
     store.at(id).flags &= static_cast<std::uint16_t>(~Record::handle_is_ours);
     store.gave_handles = true;
@@ -99,6 +100,7 @@ bool write_record(Store& store, RecordId id, const Lists&... lists) {
 }
 
 void follow_common(Store& store, RecordId id, const Common& common) {
+  store.remember(id);
   store.at(id).layer = store.layer_named(common.layer);
   store.at(id).color = static_cast<std::int16_t>(common.color);
 }

@@ -142,6 +142,7 @@ class Lists {
 
 void mark_erased(Store& store, RecordId id) {
   if (store.at(id).is(Record::erased)) return;
+  store.remember(id);
   store.any_erased = true;
   store.at(id).flags |= Record::erased;
   store.unsettled.push_back(id);
@@ -151,7 +152,7 @@ void mark_erased(Store& store, RecordId id) {
 void erase_entity(Store& store, RecordId id) {
   const auto number = static_cast<std::uint32_t>(id);
   if (store.at(id).is(Record::erased)) return;
-  ++store.edition;
+  store.edited();
   const Kind kind = store.at(id).kind;
   if (kind == Kind::insert || kind == Kind::polyline) {  // others have no parts to look for
     for (RecordId part = store.next(id);

@@ -1,6 +1,7 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_edit.h"
+#include "drawing/history.h"
 #include "drawing/store.h"
 #include "drawing/table_rows.h"
 
@@ -50,6 +51,7 @@ void Drawing::write_layer(LayerId id, const LayerRow& row) {
     throw Error(store_->name + ": layer \"" + layer.name +
                 "\" is in use without a row in the layer table; its properties cannot be kept");
   }
+  if (store_->history) store_->history->remember(*store_, id);
   std::string bytes = written(*store_, store_->bytes(layer.record), row);
   if (bytes != store_->bytes(layer.record)) store_->patch(layer.record, std::move(bytes));
   if (layer.name != row.name) {

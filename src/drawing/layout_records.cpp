@@ -7,6 +7,7 @@
 #include "drawing/block_records.h"
 #include "drawing/dictionaries.h"
 #include "drawing/dxf/record_builder.h"
+#include "drawing/history.h"
 
 namespace velmar::drawing {
 namespace {
@@ -77,6 +78,7 @@ dxf::RecordBuilder layout_record(const Store& store, Handle handle, Handle dicti
 
 void move_entities(Store& store, SpaceId space, RecordId before) {
   const std::vector<RecordId> moved = with_parts(store, store.spaces[index(space)].entities);
+  if (store.history) store.history->remember_order(store);
   const std::unordered_set<RecordId> set(moved.begin(), moved.end());
   for (auto& [anchor, line] : store.added_before) {
     std::erase_if(line, [&](RecordId id) { return set.contains(id); });
@@ -85,6 +87,7 @@ void move_entities(Store& store, SpaceId space, RecordId before) {
   for (const RecordId id : moved) {
     const auto number = static_cast<std::uint32_t>(id);
     if (!store.at(id).is(Record::added)) {
+      store.remember(id);
       store.at(id).flags |= Record::moved;
       store.touched.insert(number);
     }
@@ -92,7 +95,7 @@ void move_entities(Store& store, SpaceId space, RecordId before) {
   }
   auto& line = store.added_before[anchor];
   line.insert(line.end(), moved.begin(), moved.end());
-  ++store.edition;
+  store.edited();
 }
 
 void swap_sheets(Store& store, SpaceId sheet) {
@@ -130,6 +133,7 @@ Layout add_layout_records(Store& store, const std::string& name, std::int32_t ta
   bytes.handle(330, store.spaces[index(layout.space)].owner);
   store.patches[static_cast<std::uint32_t>(layout.record)] = bytes.bytes();
   add_entry(store, dictionary, name, handle);
+  if (store.history) store.history->remember_layouts(store);
   store.layouts.push_back(layout);
   return layout;
 }

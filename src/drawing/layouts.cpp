@@ -6,6 +6,7 @@
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_edit.h"
 #include "drawing/erasing.h"
+#include "drawing/history.h"
 #include "drawing/layout_records.h"
 
 namespace velmar::drawing {
@@ -14,6 +15,7 @@ namespace {
 constexpr std::string_view first_layout = "Layout1";
 
 Layout& layout_of(Store& store, SpaceId sheet) {
+  if (store.history) store.history->remember_layouts(store);
   const auto found = std::find_if(store.layouts.begin(), store.layouts.end(),
                                   [&](const Layout& layout) { return layout.space == sheet; });
   if (found == store.layouts.end() || sheet == SpaceId::none) {

@@ -2,6 +2,7 @@
 #include "drawing/drawing.h"
 #include "drawing/dxf/field_writer.h"
 #include "drawing/erasing.h"
+#include "drawing/history.h"
 #include "drawing/uses.h"
 
 namespace velmar::drawing {
@@ -65,7 +66,8 @@ std::size_t Drawing::purge(std::span<const std::string> names_in_use) {
     }
   }
   if (purged == 0) return 0;
-  ++store.edition;
+  store.edited();
+  if (store.history) store.history->remember_rows(store);
   std::erase_if(store.rows, [&](const TableRow& row) {
     return row.record != RecordId::none && store.at(row.record).is(Record::erased);
   });

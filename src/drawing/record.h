@@ -30,7 +30,10 @@ struct Record {
     patched = 8,          // has bytes of its own in place of the file's
     damaged = 16,         // a line of it is no DXF; kept as it is
     handle_is_ours = 32,  // the file gives none, or one that another record has
-    moved = 64            // of the source, but saved at another place of it
+    moved = 64,           // of the source, but saved at another place of it
+    // Of the history's open step.
+    remembered = 128,  // as it was before
+    edited = 256       // in bytes of its own, or of a part
   };
 
   std::size_t begin = 0;  // offset of its group 0 in the source

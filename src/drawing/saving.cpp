@@ -2,6 +2,7 @@
 #include "drawing/dxf/record_edit.h"
 #include "drawing/erasing.h"
 #include "drawing/file_writer.h"
+#include "drawing/history.h"
 #include "drawing/journal.h"
 #include "drawing/store.h"
 
@@ -48,7 +49,7 @@ class Pieces {
   static std::string header_bytes(const Store& store) {
     if (!store.gave_handles || store.landmarks.header == RecordId::none) return {};
     return dxf::with_variable(store.bytes(store.landmarks.header), "$HANDSEED",
-                              handle_text(store.next_handle), store.format);
+                              handle_text(store.handle_seed), store.format);
   }
 
   std::size_t begin_of(std::uint32_t record) const {
@@ -76,17 +77,11 @@ class Pieces {
   std::size_t copied_ = 0;
 };
 
-/// What a dimension is drawn with is told of as the dimension.
-bool is_in_drawn_block(const Store& store, std::uint32_t record) {
-  const SpaceId space = store.records[record].space;
-  return space != SpaceId::none && store.spaces[index(space)].name.starts_with("*D");
-}
-
 std::vector<Handle> handles_of(const Store& store, const std::set<std::uint32_t>& records) {
   std::vector<Handle> handles;
   handles.reserve(records.size());
   for (const std::uint32_t record : records) {
-    if (!is_in_drawn_block(store, record)) handles.push_back(store.records[record].handle);
+    if (!store.draws_dimension(record)) handles.push_back(store.records[record].handle);
   }
   return handles;
 }
@@ -121,7 +116,7 @@ Changes Drawing::changes() const {
           handles_of(*store_, store_->erased_since_save)};
 }
 
-bool Drawing::is_changed() const { return store_->edition != store_->saved_edition; }
+bool Drawing::is_changed() const { return store_->content != store_->saved_content; }
 
 void Drawing::save(const std::filesystem::path& path) {
   std::error_code error;
@@ -143,7 +138,8 @@ void Drawing::save(const std::filesystem::path& path) {
   store_->path = path;
   store_->name = path.string();
   store_->stamp = stamp_of(path);
-  store_->saved_edition = store_->edition;
+  store_->saved_content = store_->content;
+  if (store_->history) store_->history->saved(*store_);
   store_->added_since_save.clear();
   store_->modified_since_save.clear();
   store_->erased_since_save.clear();

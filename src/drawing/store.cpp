@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "drawing/history.h"
+
 namespace velmar::drawing {
 std::string_view Store::source_bytes(std::size_t record) const {
   const std::size_t begin = records[record].begin;
@@ -99,11 +101,21 @@ RecordId Store::whole(RecordId part) const {
   return static_cast<RecordId>(i);
 }
 
+void Store::remember(RecordId id) {
+  if (history) history->remember(*this, id);
+}
+
+bool Store::draws_dimension(std::uint32_t record) const {
+  const SpaceId space = records[record].space;
+  return space != SpaceId::none && spaces[index(space)].name.starts_with("*D");
+}
+
 void Store::patch(RecordId id, std::string bytes) {
   const auto number = static_cast<std::uint32_t>(id);
+  remember(id);
   Record& record = at(id);
   record.class_number = 0;
-  ++edition;
+  edited();
   if (!record.is(Record::added)) {
     record.flags |= Record::patched;
     touched.insert(touched.end(), number);  // mostly in ascending order
@@ -111,6 +123,8 @@ void Store::patch(RecordId id, std::string bytes) {
   patches[number] = std::move(bytes);
   const bool is_entity = record.space != SpaceId::none;
   const RecordId shown = record.kind == Kind::vertex ? whole(id) : id;
+  remember(shown);
+  if (at(shown).is(Record::remembered)) at(shown).flags |= Record::edited;
   if (is_entity && !added_since_save.contains(static_cast<std::uint32_t>(shown))) {
     modified_since_save.insert(modified_since_save.end(), static_cast<std::uint32_t>(shown));
   }
@@ -130,13 +144,14 @@ RecordId Store::add(RecordId before, Record record, std::string bytes) {
   // Most often it is one of those added last.
   const auto place = std::find(line.rbegin(), line.rend(), before);
   line.insert(beside_added ? place.base() - 1 : line.end(), id);
-  ++edition;
+  edited();
   return id;
 }
 
 Handle Store::give_handle(RecordId id) {
   gave_handles = gave_handles || has_handles;
   at(id).handle = next_handle++;
+  handle_seed = next_handle;
   by_handle.push_back(static_cast<std::uint32_t>(id));
   return at(id).handle;
 }
@@ -144,7 +159,7 @@ Handle Store::give_handle(RecordId id) {
 std::optional<LayerId> Store::find_layer(std::string_view wanted) const {
   for (std::size_t i = 0; i < layers.size(); ++i) {
     const RecordId row = layers[i].record;
-    const bool is_gone = row != RecordId::none && at(row).is(Record::erased);
+    const bool is_gone = layers[i].undone || (row != RecordId::none && at(row).is(Record::erased));
     if (!is_gone && same_name(layers[i].name, wanted)) return static_cast<LayerId>(i);
   }
   return std::nullopt;

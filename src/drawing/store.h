@@ -13,6 +13,8 @@
 
 namespace velmar::drawing {
 
+class History;
+
 /// Positions in the source of the landmarks of a drawing.
 struct Landmarks {
   RecordId header = RecordId::none;           // the SECTION record that holds the header variables
@@ -68,11 +70,14 @@ struct Store {
   /// Of the text styles that were asked for, by the names that texts give them.
   std::unordered_map<std::string, TextLook> looks;
   FontShelfPointer fonts = std::make_shared<FontShelf>();
-  std::uint64_t edition = 0, saved_edition = 0;
-  std::shared_ptr<Journal> journal;  // of saves; null: none is kept
-  std::optional<FileStamp> stamp;    // of the file at `path` as this drawing knows it
+  std::uint64_t edition = 0;                     // grows with every edit
+  std::uint64_t content = 0, saved_content = 0;  // as edition, but an undo brings an old one back
+  std::shared_ptr<History> history;              // null: none is kept
+  std::shared_ptr<Journal> journal;              // of saves; null: none is kept
+  std::optional<FileStamp> stamp;                // of the file at `path` as this drawing knows it
   bool any_erased = false;
   bool gave_handles = false;                               // written ones: then $HANDSEED follows
+  Handle handle_seed = 1;                                  // what it is then
   mutable std::optional<std::set<SpaceId>> shared_blocks;  // see Drawing::is_drawn_by_several
   std::uint64_t latest_drawn_block = 0;  // the number of the newest block *Dn, once one was added
   // Positions of spaces by their names, of the first `indexed_spaces`.
@@ -103,6 +108,12 @@ struct Store {
   std::string where(RecordId id, std::size_t offset) const;
   std::uint64_t line_of(RecordId id, std::size_t offset) const;
 
+  /// Told with every edit.
+  void edited() { content = ++edition; }
+  /// Told before the record is changed in another way than by patch(), for the history.
+  void remember(RecordId id);
+  /// The entity stands in the block that draws a dimension, and is told of as the dimension.
+  bool draws_dimension(std::uint32_t record) const;
   /// Gives a record of the source other bytes; what it says of layer and colour is for the caller.
   void patch(RecordId id, std::string bytes);
   /// Adds a record before another one, or at the end of the records for number source_count.

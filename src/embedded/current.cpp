@@ -2,6 +2,7 @@
 
 #include "basic/conversion.h"
 #include "embedded/answers.h"
+#include "embedded/names.h"
 
 namespace velmar::embedded {
 namespace {
@@ -16,7 +17,9 @@ bool model_is_current(const DocumentState& document) {
 }  // namespace
 
 drawing::LayerId current_layer(const DocumentState& document) {
-  if (document.current_layer) return *document.current_layer;
+  if (document.current_layer && exists(document.drawing, *document.current_layer)) {
+    return *document.current_layer;
+  }
   const auto header = document.drawing.header("$CLAYER");
   const auto named = header ? document.drawing.find_layer(*header) : std::nullopt;
   return named ? *named : document.drawing.find_layer("0").value_or(drawing::LayerId::none);

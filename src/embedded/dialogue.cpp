@@ -7,7 +7,8 @@ InputRules Dialogue::take_rules() {
   return std::exchange(rules_, {});
 }
 
-std::string Dialogue::line(host::Member method, const Question& question) {
+std::string Dialogue::line(host::Member method, Question question, const InputRules& rules) {
+  question.keywords = rules.keywords.words();
   std::optional<std::string> typed = input_.answer(question);
   if (!typed) throw cancelled(method);
   return std::move(*typed);

@@ -38,7 +38,7 @@ class Dialogue {
   /// Tells the user why his answer cannot be used.
   void refuse(std::string_view reason) { input_.say("\r\n" + std::string(reason)); }
   /// The line as typed; fails as cancelled.
-  std::string line(host::Member method, const Question& question);
+  std::string line(host::Member method, Question question, const InputRules& rules = {});
   basic::Failure cancelled(host::Member method) const;
 
   /// A value that `read` (text to Reading<T>) accepts. Keywords and, where the rules allow it,
@@ -57,7 +57,7 @@ class Dialogue {
 template <class T, class Read>
 T Dialogue::ask(host::Member method, const Question& question, const InputRules& rules, Read read) {
   for (;;) {
-    const std::string typed(trimmed(line(method, question)));
+    const std::string typed(trimmed(line(method, question, rules)));
     if (typed.empty()) {
       if (question.kind == QuestionKind::entity) throw cancelled(method);
       if (!rules.has(InputRules::no_enter)) end_if_keyword("");

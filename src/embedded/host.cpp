@@ -9,6 +9,7 @@ std::shared_ptr<Application> start(Input& input, const Options& options) {
   if (!options.journal.empty()) {
     session->journal = std::make_shared<drawing::Journal>(options.journal);
   }
+  session->keeps_history = options.history;
   auto application = std::make_shared<Application>(session);
   session->application = application;
   for (const std::filesystem::path& path : options.drawings) application->open(path);

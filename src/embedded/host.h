@@ -15,6 +15,7 @@ inline constexpr std::string_view velmar_version = "0.1.0";
 struct Options {
   std::vector<std::filesystem::path> drawings;  // the first one is active
   std::filesystem::path journal = {};           // of every save; empty: none is kept
+  bool history = false;                         // of edits, so that drawings can undo()
 };
 
 /// Starts the embedded host with these drawings open. The input must outlive the application and

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/failure.h"
 #include "host/member.h"
@@ -29,6 +30,7 @@ std::string_view in_words(QuestionKind kind);
 struct Question {
   QuestionKind kind;
   std::string prompt;  // as the caller gave it; usually begins with a line break
+  std::vector<std::string> keywords = {};  // that are answers too
 };
 
 /// The user, as the host sees him: a console, a script, a page. What is typed is described in

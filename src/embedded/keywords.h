@@ -16,6 +16,7 @@ class Keywords {
   explicit Keywords(std::string_view list);
 
   bool empty() const { return words_.empty(); }
+  const std::vector<std::string>& words() const { return words_; }
   /// The keyword, as spelled in the list, whose whole or whose abbreviation this is.
   std::optional<std::string> find(std::string_view typed) const;
   /// The one keyword that begins so.

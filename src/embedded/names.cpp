@@ -26,6 +26,7 @@ std::optional<std::string> find_row(const Drawing& drawing, std::string_view tab
 
 bool exists(const Drawing& drawing, drawing::LayerId layer) {
   const RecordId record = drawing.layer(layer).record;
+  if (drawing.layer(layer).undone) return false;
   return record == RecordId::none || !drawing.record(record).is(Record::erased);
 }
 

@@ -104,6 +104,7 @@ void Session::close(const DocumentObject& document) {
 
 Session::DocumentObject Session::begin(drawing::Drawing drawing) {
   drawing.keep_journal(journal);
+  if (keeps_history) drawing.keep_history();
   auto state = std::make_shared<DocumentState>(std::move(drawing));
   auto document = std::make_shared<Document>(state, weak_from_this(), input);
   state->application = application;

@@ -46,6 +46,7 @@ class Session : public std::enable_shared_from_this<Session> {
   std::shared_ptr<drawing::Journal> journal;  // of every drawing's saves; null: none is kept
   std::function<void(FileNote)> on_file = [](FileNote) {};  // hears of drawings saved or refused
   bool dry_run = false;                                     // saving goes well and writes nothing
+  bool keeps_history = false;  // of every drawing, so that steps can be taken back
   std::int32_t save_as_type = native_save_type;
   std::int32_t auto_save_interval = 10, incremental_save_percent = 50;
   bool create_backup = false;

@@ -180,7 +180,7 @@ Value Utility::get_keyword(Arguments& arguments) {
   const Question question{QuestionKind::keyword, prompt_in(arguments, 0)};
   const InputRules rules = dialogue_.take_rules();
   for (;;) {
-    const std::string typed(trimmed(dialogue_.line(arguments.method(), question)));
+    const std::string typed(trimmed(dialogue_.line(arguments.method(), question, rules)));
     if (typed.empty() && !rules.has(InputRules::no_enter)) return "";
     if (const auto keyword = rules.keywords.find(typed)) return *keyword;
     if (const auto keyword = rules.keywords.find_by_beginning(typed)) return *keyword;

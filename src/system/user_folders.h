@@ -8,5 +8,6 @@ namespace velmar::system {
 // the user has no home. They need not exist.
 std::filesystem::path configuration_folder();
 std::filesystem::path data_folder();
+std::filesystem::path state_folder();
 
 }  // namespace velmar::system

@@ -34,6 +34,8 @@ fs::path folder(const char* variable, const char* below_home) {
 
 fs::path configuration_folder() { return folder("XDG_CONFIG_HOME", ".config"); }
 
+fs::path state_folder() { return folder("XDG_STATE_HOME", ".local/state"); }
+
 fs::path data_folder() { return folder("XDG_DATA_HOME", ".local/share"); }
 
 }  // namespace velmar::system

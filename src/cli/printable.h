@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velmar::cli {
+
+/// The text with what a terminal would obey or show out of order written as an escape ("\x1B",
+/// "\u202E"): control characters and the marks of writing direction.
+std::string printable(std::string_view text);
+
+/// The same, but line feeds and tabs stay.
+std::string printable_lines(std::string_view text);
+
+}  // namespace velmar::cli
