@@ -11,8 +11,9 @@ calc text geometry layers measure batch: component host basic
 system: component basic
 drawing:
 embedded: host drawing basic
+render: drawing
 com: component system host embedded basic
-cli: component com system embedded host drawing basic
+cli: component com system embedded render host drawing basic
 '
 
 cd "${1:-$(dirname "$0")/../src}"

@@ -30,5 +30,6 @@ void add_batch(CLI::App& program, Action& action);
 void add_undo(CLI::App& program, Action& action);
 void add_diff(CLI::App& program, Action& action);
 void add_doctor(CLI::App& program, Action& action);
+void add_render(CLI::App& program, Action& action);
 
 }  // namespace velmar::cli

@@ -4,7 +4,9 @@
 
 #include "cli/action.h"
 #include "cli/console.h"
+#include "cli/diff_picture.h"
 #include "cli/json.h"
+#include "cli/text_table.h"
 #include "drawing/comparison.h"
 #include "drawing/name.h"
 #include "drawing/utf8_path.h"
@@ -18,6 +20,7 @@ struct DiffOptions {
   std::string a, b;
   double tolerance = 0;
   bool json = false;
+  PictureOptions picture;
 };
 
 std::string_view in_words(Difference::Kind kind) {
@@ -43,6 +46,7 @@ class DiffReport {
   DiffReport(const drawing::Drawing& a, const drawing::Drawing& b, const DiffOptions& options)
       : a_(a), b_(b), options_(options), found_(compare(a, b, options.tolerance)) {}
 
+  const drawing::Comparison& found() const { return found_; }
   bool same() const { return found_.differences.empty(); }
 
   std::string text() const {
@@ -124,6 +128,11 @@ ExitCode show_difference(const DiffOptions& options) {
   const drawing::Drawing a = drawing::Drawing::open(drawing::utf8_path(options.a));
   const drawing::Drawing b = drawing::Drawing::open(drawing::utf8_path(options.b));
   const DiffReport report(a, b, options);
+  if (!options.picture.output.empty()) {
+    for (const std::string& warning : draw_differences(a, b, report.found(), options.picture)) {
+      complain(printable(warning));
+    }
+  }
   print(options.json ? to_text(report.json()) : report.text());
   return report.same() ? ExitCode::done : ExitCode::method_failed;
 }
@@ -140,6 +149,10 @@ void add_diff(CLI::App& program, Action& action) {
   diff->add_option("--tolerance", options->tolerance,
                    "Numbers at most so far apart are the same (0)")
       ->check(CLI::NonNegativeNumber);
+  diff->add_option("--picture", options->picture.output,
+                   "OUT.png, .svg or .pdf: model space with what was removed in red, added in "
+                   "green, changed in amber; the options below are for the picture");
+  options->picture.add_to(*diff);
   diff->add_flag("--json", options->json, "Write JSON");
   diff->callback([options, &action] { action = [options] { return show_difference(*options); }; });
 }

@@ -45,6 +45,7 @@ Action read_command_line(const std::vector<std::string>& words) {
   velmar::cli::add_batch(program, action);
   velmar::cli::add_undo(program, action);
   velmar::cli::add_diff(program, action);
+  velmar::cli::add_render(program, action);
   velmar::cli::add_doctor(program, action);
   try {
     program.parse(std::vector<std::string>(words.rbegin(), words.rend() - 1));

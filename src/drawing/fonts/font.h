@@ -2,6 +2,9 @@
 
 #include <memory>
 #include <string>
+#include <vector>
+
+#include "drawing/geometry/point.h"
 
 namespace velmar::drawing {
 
@@ -14,10 +17,18 @@ struct Glyph {
   bool drawn = true;           // false for blanks
 };
 
+/// How a character looks: in units of the capital height, from where it begins on the baseline.
+struct GlyphShape {
+  std::vector<std::vector<Point>> chains;
+  bool filled = false;  // the chains close around areas (outline fonts); else they are strokes
+};
+
 class Font {
  public:
   virtual ~Font() = default;
   virtual Glyph glyph(char32_t character) const = 0;
+  /// Lies within what glyph() says of the same character. Nothing for blanks.
+  virtual GlyphShape shape(char32_t character) const = 0;
   /// How far the font goes below the baseline, as a bottom-aligned text counts it.
   virtual double descent() const = 0;
   /// Whether a line is as wide as its advances (outline fonts), or as what is drawn (stroke fonts).

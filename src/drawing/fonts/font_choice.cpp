@@ -130,6 +130,7 @@ class DeferredFont final : public Font {
   explicit DeferredFont(FontName name) : name_(std::move(name)) {}
 
   Glyph glyph(char32_t character) const override { return chosen().glyph(character); }
+  GlyphShape shape(char32_t character) const override { return chosen().shape(character); }
   double descent() const override { return chosen().descent(); }
   bool aligns_by_advance() const override { return chosen().aligns_by_advance(); }
   std::string file() const override { return chosen().file(); }

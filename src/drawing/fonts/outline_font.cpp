@@ -4,6 +4,7 @@
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include FT_OUTLINE_H
 
 #include <unordered_map>
 
@@ -19,6 +20,53 @@ struct Close {
 };
 using Library = std::unique_ptr<FT_LibraryRec_, Close>;
 using Face = std::unique_ptr<FT_FaceRec_, Close>;
+
+/// Takes an outline apart, curves by chords; in units of the font.
+class Chains {
+ public:
+  static int move_to(const FT_Vector* to, void* chains) {
+    of(chains).emplace_back().push_back(point(to));
+    return 0;
+  }
+  static int line_to(const FT_Vector* to, void* chains) {
+    of(chains).back().push_back(point(to));
+    return 0;
+  }
+  static int conic_to(const FT_Vector* control, const FT_Vector* to, void* chains) {
+    const Point a = of(chains).back().back(), b = point(control), c = point(to);
+    return cubic(a + (b - a) * (2.0 / 3), c + (b - c) * (2.0 / 3), c, chains);
+  }
+  static int cubic_to(const FT_Vector* first, const FT_Vector* second, const FT_Vector* to,
+                      void* chains) {
+    return cubic(point(first), point(second), point(to), chains);
+  }
+
+ private:
+  using List = std::vector<std::vector<Point>>;
+  static constexpr int chords = 8;  // within a thousandth of a capital of the curve
+
+  static List& of(void* chains) { return *static_cast<List*>(chains); }
+  static Point point(const FT_Vector* v) {
+    return {static_cast<double>(v->x), static_cast<double>(v->y), 0};
+  }
+  static int cubic(Point b, Point c, Point d, void* chains) {
+    const Point a = of(chains).back().back();
+    for (int i = 1; i <= chords; ++i) {
+      const double t = double(i) / chords, s = 1 - t;
+      of(chains).back().push_back(a * (s * s * s) + b * (3 * s * s * t) + c * (3 * s * t * t) +
+                                  d * (t * t * t));
+    }
+    return 0;
+  }
+};
+
+std::vector<std::vector<Point>> outline_chains(FT_Outline& outline) {
+  std::vector<std::vector<Point>> chains;
+  const FT_Outline_Funcs visit{
+      Chains::move_to, Chains::line_to, Chains::conic_to, Chains::cubic_to, 0, 0};
+  FT_Outline_Decompose(&outline, &visit, &chains);
+  return chains;
+}
 
 class OutlineFont final : public Font {
  public:
@@ -37,6 +85,15 @@ class OutlineFont final : public Font {
     const auto [known, is_new] = glyphs_.try_emplace(character);
     if (is_new) known->second = measured(character);
     return known->second;
+  }
+  GlyphShape shape(char32_t character) const override {
+    if (is_weightless(character) || is_blank(character)) return {};
+    if (!load(character)) return stand_in_->shape(character);
+    GlyphShape shape{outline_chains(face_->glyph->outline), true};
+    for (auto& chain : shape.chains) {
+      for (Point& p : chain) p = {p.x / units_, p.y / high_, 0};
+    }
+    return shape;
   }
   double descent() const override { return glyph(U'p').bottom; }
   bool aligns_by_advance() const override { return true; }

@@ -7,9 +7,10 @@
 
 #include "drawing/fonts/characters.h"
 #include "drawing/fonts/lower_case.h"
+#include "drawing/fonts/stroke_letters.h"
+#include "drawing/fonts/tolerance_symbols.h"
 
 namespace velmar::drawing {
-
 namespace {
 
 constexpr double capital = 21;
@@ -55,11 +56,6 @@ static_assert(std::size(simplex) == 127 - 32);
 constexpr Measures any_letter{20, 14, 21, 0}, square{34, 32, 21, 2}, degree{14, 6, 21, 0},
     plus_minus{26, 18, 21, 0};
 
-/// The letters under the accents of U+00C0 to U+00FF.
-constexpr std::string_view unaccented =
-    "AAAAAAACEEEEIIIIDNOOOOOxOUUUUYPsaaaaaaaceeeeiiiidnooooo+ouuuuypy";
-static_assert(unaccented.size() == 64);
-
 /// Without ASCII characters that draw nothing, and blanks.
 Measures simplex_measures(char32_t c) {
   if (c > 32 && c < 127) {
@@ -70,7 +66,7 @@ Measures simplex_measures(char32_t c) {
   if (c == 0xB1) return plus_minus;
   if (is_wide(c)) return square;
   if (c < 0xC0 || c > 0xFF) return any_letter;
-  Measures letter = simplex_measures(static_cast<unsigned char>(unaccented[c - 0xC0]));
+  Measures letter = simplex_measures(base_letter(c));
   letter.top = capital;
   return letter;
 }
@@ -106,7 +102,7 @@ Measures iso_measures(char32_t c) {
 }
 
 Measures gdt_measures(char32_t c) {
-  constexpr Measures symbol{38, 32, 21, 0};
+  constexpr Measures symbol{38, symbol_width, 21, 0};
   return c >= U'a' && c <= U'z' ? symbol : simplex_measures(c);
 }
 
@@ -136,10 +132,31 @@ class StrokeFont final : public Font {
     const Measures m = letters_.measures(c);
     return {m.advance / capital, 0, m.right / capital, m.top / capital, m.bottom / capital};
   }
+  /// The simplex letter, drawn as wide as this font has it.
+  GlyphShape shape(char32_t c) const override {
+    if (is_blank(c) || is_weightless(c)) return {};
+    if (letters_.measures == gdt_measures) {
+      if (Strokes symbol = tolerance_symbol(c); !symbol.empty()) return scaled(symbol, 1);
+    }
+    const Strokes strokes = simplex_strokes(c);
+    double width = 0;
+    for (const auto& stroke : strokes) {
+      for (const Point& p : stroke) width = std::max(width, p.x);
+    }
+    return scaled(strokes, width > 0 ? letters_.measures(c).right / width : 1);
+  }
   double descent() const override { return 7 / capital; }
   bool aligns_by_advance() const override { return false; }
 
  private:
+  static GlyphShape scaled(const Strokes& strokes, double wide) {
+    GlyphShape shape{strokes};
+    for (auto& stroke : shape.chains) {
+      for (Point& p : stroke) p = {p.x * wide / capital, p.y / capital, 0};
+    }
+    return shape;
+  }
+
   Letters letters_;
 };
 

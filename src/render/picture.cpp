@@ -1,0 +1,155 @@
+#include "render/picture.h"
+
+#include "drawing/error.h"
+
+#ifdef VELMAR_CAIRO
+#include <cairo-pdf.h>
+#include <cairo-svg.h>
+#include <cairo.h>
+#endif
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+namespace velmar::render {
+
+std::optional<Format> format_of(const std::filesystem::path& path) {
+  std::string extension = path.extension().string();
+  std::ranges::transform(extension, extension.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  if (extension == ".png") return Format::png;
+  if (extension == ".svg") return Format::svg;
+  if (extension == ".pdf") return Format::pdf;
+  return std::nullopt;
+}
+
+#ifdef VELMAR_CAIRO
+
+namespace {
+
+struct Close {
+  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+  void operator()(cairo_t* context) const { cairo_destroy(context); }
+};
+using Surface = std::unique_ptr<cairo_surface_t, Close>;
+using Context = std::unique_ptr<cairo_t, Close>;
+
+class CairoPainter final : public Painter {
+ public:
+  explicit CairoPainter(cairo_t* context) : context_(context) {
+    cairo_set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
+    cairo_set_fill_rule(context_, CAIRO_FILL_RULE_EVEN_ODD);
+  }
+
+  void stroke(const Chain& chain, const Ink& ink, double width) override {
+    use(ink);
+    cairo_set_line_width(context_, width);
+    trace(chain);
+    if (chain.size() == 1) cairo_line_to(context_, chain[0].x, chain[0].y);
+    cairo_stroke(context_);
+  }
+  void fill(const std::vector<Chain>& areas, const Ink& ink) override {
+    use(ink);
+    trace_all(areas);
+    cairo_fill(context_);
+  }
+  void push_clip(const std::vector<Chain>& areas) override {
+    cairo_save(context_);
+    trace_all(areas);
+    cairo_clip(context_);
+  }
+  void pop_clip() override { cairo_restore(context_); }
+
+ private:
+  void use(const Ink& ink) {
+    cairo_set_source_rgba(context_, ink.color.red / 255.0, ink.color.green / 255.0,
+                          ink.color.blue / 255.0, ink.opacity);
+  }
+  void trace(const Chain& chain) {
+    bool first = true;
+    for (const Point& p : chain) {
+      (first ? cairo_move_to : cairo_line_to)(context_, p.x, p.y);
+      first = false;
+    }
+  }
+  void trace_all(const std::vector<Chain>& areas) {
+    for (const Chain& area : areas) {
+      trace(area);
+      cairo_close_path(context_);
+    }
+  }
+
+  cairo_t* context_;
+};
+
+cairo_status_t append(void* bytes, const unsigned char* data, unsigned int size) {
+  static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), size);
+  return CAIRO_STATUS_SUCCESS;
+}
+
+Surface make_surface(const Sheet& sheet, std::string& bytes) {
+  switch (sheet.format) {
+    case Format::svg: {
+      Surface surface(
+          cairo_svg_surface_create_for_stream(append, &bytes, sheet.width, sheet.height));
+      cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PT);
+      return surface;
+    }
+    case Format::pdf:
+      return Surface(
+          cairo_pdf_surface_create_for_stream(append, &bytes, sheet.width, sheet.height));
+    case Format::png:
+      break;
+  }
+  return Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
+                                            static_cast<int>(std::lround(sheet.width)),
+                                            static_cast<int>(std::lround(sheet.height))));
+}
+
+void check(cairo_status_t status) {
+  if (status == CAIRO_STATUS_SUCCESS) return;
+  throw drawing::Error(std::string("the picture could not be drawn: ") +
+                       cairo_status_to_string(status));
+}
+
+}  // namespace
+
+bool can_draw_pictures() { return true; }
+
+std::string picture(const Sheet& sheet, const std::function<void(Painter&)>& draw) {
+  std::string bytes;
+  const Surface surface = make_surface(sheet, bytes);
+  check(cairo_surface_status(surface.get()));
+  {
+    const Context context(cairo_create(surface.get()));
+    CairoPainter painter(context.get());
+    painter.fill({{{0, 0}, {sheet.width, 0}, {sheet.width, sheet.height}, {0, sheet.height}}},
+                 {sheet.paper, 1});
+    draw(painter);
+    check(cairo_status(context.get()));
+  }
+  if (sheet.format == Format::png) {
+    check(cairo_surface_write_to_png_stream(surface.get(), append, &bytes));
+  } else {
+    cairo_surface_finish(surface.get());
+  }
+  check(cairo_surface_status(surface.get()));
+  return bytes;
+}
+
+#else
+
+bool can_draw_pictures() { return false; }
+
+std::string picture(const Sheet&, const std::function<void(Painter&)>&) {
+  throw drawing::Error(
+      "this velmar was built without cairo and draws no pictures: install libcairo2-dev and "
+      "build it again");
+}
+
+#endif
+
+}  // namespace velmar::render

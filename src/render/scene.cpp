@@ -1,0 +1,271 @@
+#include "render/scene.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "drawing/dimension/drawn_block.h"
+#include "drawing/extents.h"
+#include "drawing/geometry/ocs.h"
+#include "render/draw_order.h"
+#include "render/leaders.h"
+
+namespace velmar::render {
+namespace {
+
+using drawing::Kind;
+using drawing::RecordId;
+using drawing::SpaceId;
+
+constexpr int deepest = 64;
+constexpr std::size_t most_visits = 5'000'000;
+
+template <class Number>
+Number header_number(const drawing::Drawing& drawing, std::string_view name, Number otherwise) {
+  const auto text = drawing.header(name);
+  return text ? static_cast<Number>(std::strtod(text->c_str(), nullptr)) : otherwise;
+}
+
+}  // namespace
+
+Scene::Scene(const drawing::Drawing& drawing, const SettingOptions& options, const Marks* marks)
+    : drawing_(drawing),
+      settings_(drawing, options),
+      marks_(marks),
+      sizes_(drawing),
+      texts_(settings_),
+      hatches_(drawing, settings_) {
+  points_.mode = header_number<std::int32_t>(drawing, "$PDMODE", 0);
+  points_.size = header_number<double>(drawing, "$PDSIZE", 0);
+  patterns_on_paper_ = header_number<int>(drawing, "$PSLTSCALE", 1) != 0;
+}
+
+Scene::Place Scene::Place::within(const drawing::Matrix& inner, const Setting& setting) const {
+  Place place = *this;
+  place.canvas = canvas.within(inner);
+  place.outer = setting;
+  place.outer.in_block = true;
+  ++place.depth;
+  return place;
+}
+
+void Scene::draw(SpaceId space, const Canvas& canvas) {
+  draw_entities(draw_order(drawing_, space), {canvas, settings_.outermost()});
+}
+
+void Scene::draw_entities(const std::vector<RecordId>& entities, const Place& place) {
+  for (const RecordId id : entities) {
+    if (++visits_ > most_visits) {
+      too_many_ = true;
+      return;
+    }
+    draw_entity(id, place);
+  }
+}
+
+bool Scene::is_hidden(const drawing::Record& record, const Setting& outer,
+                      const std::vector<drawing::LayerId>* frozen) const {
+  const drawing::LayerId layer = settings_.layer_of(record, outer);
+  if (settings_.is_frozen(layer)) return true;
+  if (frozen != nullptr && std::ranges::count(*frozen, layer) > 0) return true;
+  // A reference on a layer that is off still shows what its block has on other layers.
+  return record.kind != Kind::insert && !settings_.shows(layer);
+}
+
+/// Whether an entity with this mark is to be drawn now.
+bool Scene::takes_mark(RecordId id, Place& place) {
+  if (marks_ == nullptr) return true;
+  const auto found = marks_->colors.find(id);
+  if (found != marks_->colors.end()) place.mark = found->second;
+  settings_.tint(place.mark ? *place.mark : marks_->rest);
+  const Kind kind = drawing_.record(id).kind;
+  const bool holds_others = kind == Kind::insert || kind == Kind::dimension;
+  return holds_others || place.mark.has_value() == (marks_->show == Marks::Show::marked);
+}
+
+void Scene::draw_entity(RecordId id, Place place) {
+  const drawing::Record& record = drawing_.record(id);
+  if (is_hidden(record, place.outer, place.frozen) || !takes_mark(id, place)) return;
+  try {
+    if (record.kind == Kind::viewport) return draw_viewport(id, place);
+    const drawing::Entity entity = drawing_.read(id);
+    if (entity.common.invisible != 0) return;
+    draw_known(id, entity, place, settings_.of(record, entity.common, place.outer));
+  } catch (const drawing::Error& error) {
+    constexpr std::size_t most_told = 20;
+    if (failures_.size() < most_told) failures_.push_back(error.what());
+  }
+}
+
+void Scene::draw_known(RecordId id, const drawing::Entity& entity, const Place& place,
+                       const Setting& setting) {
+  if (const auto kept = kept_shape(drawing_, id)) return draw_kept(*kept, place, setting);
+  if (std::holds_alternative<drawing::Opaque>(entity.body)) {
+    ++not_drawn_[std::string(drawing_.kind_name(id))];
+    return;
+  }
+  if (const auto* const insert = std::get_if<drawing::Insert>(&entity.body)) {
+    draw_entities(drawing_.parts(id), place);  // its attributes
+    return draw_reference(*insert, place, setting);
+  }
+  if (const auto* const dimension = std::get_if<drawing::Dimension>(&entity.body)) {
+    return draw_dimension(id, *dimension, place, setting);
+  }
+  draw_body(id, entity.body, place, settings_.look(setting, place.pattern_scale));
+}
+
+void Scene::draw_body(RecordId id, const drawing::Body& body, const Place& place,
+                      const Look& look) {
+  const Canvas& canvas = place.canvas;
+  if (const auto* const definition = std::get_if<drawing::Attdef>(&body)) {
+    draw_definition(*definition, place, look);
+  } else if (const auto* const attribute = std::get_if<drawing::Attrib>(&body)) {
+    constexpr std::int32_t invisible_flag = 1;
+    if ((attribute->flags & invisible_flag) == 0) texts_.draw(layout(*attribute), canvas, look);
+  } else if (const auto* const text = std::get_if<drawing::Text>(&body)) {
+    texts_.draw(layout(*text), canvas, look);
+  } else if (const auto* const note = std::get_if<drawing::MText>(&body)) {
+    texts_.draw(layout(*note), canvas, look);
+  } else if (const auto* const frame = std::get_if<drawing::Tolerance>(&body)) {
+    texts_.draw(layout(*frame), canvas, look);
+  } else if (const auto* const hatch = std::get_if<drawing::Hatch>(&body)) {
+    hatches_.draw(id, *hatch, canvas, look);
+  } else if (const auto* const leader = std::get_if<drawing::Leader>(&body)) {
+    draw_leader(drawing_, id, *leader, canvas, look);
+  } else {
+    draw_shape(body, canvas, look, points_);
+  }
+}
+
+/// In a block only a constant one is seen, by its value; elsewhere it shows its tag.
+void Scene::draw_definition(const drawing::Attdef& definition, const Place& place,
+                            const Look& look) {
+  constexpr std::int32_t invisible_flag = 1, constant_flag = 2;
+  const bool constant = (definition.flags & constant_flag) != 0;
+  if (place.depth > 0 && (!constant || (definition.flags & invisible_flag) != 0)) return;
+  drawing::Text shown = definition;
+  if (place.depth == 0) shown.text = definition.tag;
+  texts_.draw(layout(shown), place.canvas, look);
+}
+
+void Scene::draw_kept(const KeptShape& shape, const Place& place, const Setting& setting) {
+  const Look look = settings_.look(setting, place.pattern_scale);
+  for (const Chain& mask : shape.masks) place.canvas.area({mask}, {settings_.background(), 1});
+  for (const Chain& area : shape.areas) place.canvas.area({area}, look.ink);
+  for (const Chain& line : shape.lines) place.canvas.curve(line, look);
+  for (const drawing::MText& text : shape.texts) texts_.draw(layout(text), place.canvas, look);
+  if (shape.block) draw_reference(*shape.block, place, setting);
+}
+
+void Scene::draw_reference(const drawing::Insert& insert, const Place& place,
+                           const Setting& setting) {
+  const auto block = shown_block(drawing_, insert.block);
+  if (!block) return;
+  if (place.depth >= deepest) {
+    too_deep_ = true;
+    return;
+  }
+  const drawing::Box box = sizes_.reference_box(insert);
+  const Window seen = window_of(place.canvas.mapped(corners(box)));
+  if (box.empty() || place.canvas.shows(seen)) draw_cells(insert, *block, place, setting);
+}
+
+void Scene::draw_cells(const drawing::Insert& insert, SpaceId block, const Place& place,
+                       const Setting& setting) {
+  const drawing::Space& space = drawing_.spaces()[index(block)];
+  const std::vector<RecordId> content = draw_order(drawing_, block);
+  const bool bounded = !sizes_.block_box(block).empty();
+  const std::vector<Point> box = corners(sizes_.block_box(block));
+  for (int row = 0; row < std::max(insert.rows, 1); ++row) {
+    for (int column = 0; column < std::max(insert.columns, 1); ++column) {
+      if (++visits_ > most_visits) {
+        too_many_ = true;
+        return;
+      }
+      const Place inner = place.within(placement(insert, space.base, column, row), setting);
+      const Window seen = window_of(inner.canvas.mapped(box));
+      if (bounded && !inner.canvas.shows(seen)) continue;
+      if (bounded && seen.width() < 1 && seen.height() < 1) {
+        place.canvas.line({placement(insert, space.base, column, row)(space.base)},
+                          settings_.look(setting, 1));
+      } else {
+        draw_entities(content, inner);
+      }
+    }
+  }
+}
+
+void Scene::draw_dimension(RecordId id, const drawing::Dimension& dimension, const Place& place,
+                           const Setting& setting) {
+  const Point offset = drawing::ocs_to_world(dimension.normal).direction(dimension.block_offset);
+  const Place inner = place.within(drawing::translation(offset), setting);
+  if (place.depth >= deepest) {
+    too_deep_ = true;
+    return;
+  }
+  if (const auto block = shown_block(drawing_, dimension.block)) {
+    return draw_entities(drawing_.entities(*block), inner);
+  }
+  drawing::Record record = drawing_.record(id);
+  for (const drawing::Entity& part : drawing::drawn_content(drawing_, id)) {
+    const Setting own = settings_.of(record, part.common, inner.outer);
+    draw_body(id, part.body, inner, settings_.look(own, place.pattern_scale));
+  }
+}
+
+void Scene::draw_viewport(RecordId id, Place& place) {
+  const auto viewport = read_viewport(drawing_, id);
+  if (!viewport || place.depth > 0) return;
+  const drawing::Common common = drawing_.read_common(id);
+  const Setting setting = settings_.of(drawing_.record(id), common, place.outer);
+  const Chain border = place.canvas.mapped(viewport->border);
+  const Window seen = window_of(border);
+  if (viewport->on && viewport->scale() > 0 && place.canvas.shows(seen)) {
+    place.canvas.painter().push_clip({border});
+    Place inner{place.canvas.cut_to(seen).within(viewport->place()), settings_.outermost()};
+    inner.frozen = &viewport->frozen;
+    inner.mark = place.mark;
+    if (patterns_on_paper_) inner.pattern_scale = 1 / viewport->scale();
+    draw_entities(draw_order(drawing_, SpaceId::model), inner);
+    place.canvas.painter().pop_clip();
+  }
+  takes_mark(id, place);
+  Chain frame = viewport->border;
+  frame.push_back(Point(frame.front()));
+  place.canvas.line(frame, settings_.look(setting, 1));
+}
+
+drawing::Box Scene::extents(SpaceId space) {
+  drawing::Box box;
+  const Setting outermost = settings_.outermost();
+  for (const RecordId id : drawing_.entities(space)) {
+    if (is_hidden(drawing_.record(id), outermost, nullptr)) continue;
+    if (drawing_.record(id).kind == Kind::viewport) {
+      if (const auto viewport = read_viewport(drawing_, id)) {
+        for (const Point& p : viewport->border) box.add(p);
+      }
+      continue;
+    }
+    box.add(sizes_.entity_box(id));
+  }
+  return box;
+}
+
+std::vector<std::string> Scene::warnings() const {
+  std::vector<std::string> lines = failures_;
+  for (const auto& [kind, count] : not_drawn_) {
+    lines.push_back(std::to_string(count) + " " + kind + " not drawn: this kind is not understood");
+  }
+  if (hatches_.too_dense() > 0) {
+    lines.push_back(std::to_string(hatches_.too_dense()) +
+                    " hatches drawn as an even tint: their patterns have too many lines");
+  }
+  if (too_many_) {
+    lines.push_back("not all is drawn: the blocks come to more than " +
+                    std::to_string(most_visits) + " entities");
+  }
+  if (too_deep_)
+    lines.push_back("not all is drawn: blocks are nested too deeply, perhaps in themselves");
+  return lines;
+}
+
+}  // namespace velmar::render
