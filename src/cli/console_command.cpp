@@ -21,6 +21,7 @@ namespace {
 
 void report(const CallRecord& record) {
   print(call_text(record) + written_back_text(record));
+  tell_refused(record);
   if (record.was_interrupted) {
     const bool changed = !record.drawings.empty();
     complain(std::string("*Cancel*") + (changed ? ": what was done so far stays until UNDO" : ""));
