@@ -74,7 +74,7 @@ struct LineEditor::Terminal {
 
   static unsigned char cancel(EditLine* editor, int) {
     of(editor).cancelled = true;
-    std::fputs("*Cancel*", stdout);
+    std::fputs("*Cancel*\n", stdout);
     return CC_NEWLINE;
   }
   static unsigned char complete_word(EditLine* editor, int);

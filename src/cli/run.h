@@ -46,6 +46,8 @@ class Run {
   embedded::DocumentPointer active() const;
   /// The drawing's file as the user gave it; where a method opened or named it, the whole path.
   std::string name_of(const embedded::DocumentState& document) const;
+  /// The user called the drawing's file so.
+  void note_name(const embedded::DocumentState& document, const std::string& file);
   /// From now on a method that saves a drawing in place fails.
   void protect_files();
 
