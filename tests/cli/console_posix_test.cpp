@@ -147,7 +147,7 @@ TEST_F(Console, FollowsTheSizeOfTheWindow) {
 TEST_F(Console, ShowsNothingThatATerminalWouldObey) {
   std::string bytes = read_file(plan);
   for (std::size_t at = 0; (at = bytes.find("\nLayer2\n", at)) != bytes.npos; ++at) {
-    bytes.replace(at, 8, "\nL\x1B[2J\xE2\x80\xAE\n");
+    bytes.replace(at, 8, "\nL\x1B[2J\\U+202E\n");
   }
   std::ofstream(plan, std::ios::binary) << bytes;
   Terminal user({"console", "plan.dxf"}, folder.path());
