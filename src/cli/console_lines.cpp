@@ -45,7 +45,9 @@ std::optional<std::string> ConsoleLines::answer(const std::string& prompt,
   const std::size_t line = text.find_last_of('\n') + 1;
   if (line > 1) screen_.say(text.substr(0, line));
   const Complete complete = [&](std::string_view typed) { return beginning(typed, offered); };
-  Typed typed = editor_.read(printable(text.substr(line)), complete);
+  std::string question = printable(text.substr(line));
+  if (!question.ends_with(' ')) question += ' ';
+  Typed typed = editor_.read(question, complete);
   is_gone_ = is_gone_ || typed.end == TypedEnd::gone;
   if (typed.end != TypedEnd::entered || typed.line == escape) return std::nullopt;
   return std::move(typed.line);

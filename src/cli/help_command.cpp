@@ -26,13 +26,18 @@ void Interpreter::help(Words words) {
   std::string wanted;
   for (const std::string& word : words) wanted += (wanted.empty() ? "" : " ") + word;
   if (const Command* command = find_command(wanted)) return print(help_on(*command));
-  if (const Method* method = find_method(wanted)) {
-    return print(method_text(*method) +
-                 "\nalso known as: " + std::string(everyday_words(method->name)) + "\n");
+  const Method* const method = find_method(wanted);
+  std::vector<const Method*> found = methods_about(wanted);
+  if (method == nullptr && found.empty()) {
+    throw UsageError("nothing is known about \"" + wanted + "\": HELP lists all");
   }
-  const std::vector<const Method*> found = methods_about(wanted);
-  for (const Method* method : found) print(line_of_list(*method));
-  if (found.empty()) throw UsageError("nothing is known about \"" + wanted + "\": HELP lists all");
+  if (method != nullptr) {
+    std::erase(found, method);
+    print(method_text(*method) + "\nalso known as: " + std::string(everyday_words(method->name)) +
+          "\n");
+    if (!found.empty()) print("\nsee also\n");
+  }
+  for (const Method* other : found) print(line_of_list(*other));
 }
 
 }  // namespace velmar::cli

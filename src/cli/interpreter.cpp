@@ -52,7 +52,7 @@ bool Interpreter::execute(const std::string& line) {
   } else {
     done = call(require_method(words.front()), rest);
   }
-  lines_.keep();
+  lines_.keep(done);
   return done;
 }
 

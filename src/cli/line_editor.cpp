@@ -1,6 +1,7 @@
 #include "cli/line_editor.h"
 
 #include <histedit.h>
+#include <langinfo.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -34,8 +35,10 @@ std::filesystem::path history_path() {
 /// The editor, and what its callbacks need.
 struct LineEditor::Terminal {
   explicit Terminal(const std::filesystem::path& file) : history_file(file) {
-    // The editor shows characters as the locale has them; numbers stay as they are.
+    // The editor takes characters as the locale has them, and ours are UTF-8; numbers stay as they
+    // are.
     std::setlocale(LC_CTYPE, "");
+    if (std::string_view(::nl_langinfo(CODESET)) != "UTF-8") std::setlocale(LC_CTYPE, "C.UTF-8");
     struct sigaction on_change {};
     on_change.sa_handler = note_window_change;
     ::sigaction(SIGWINCH, &on_change, nullptr);
@@ -74,7 +77,7 @@ struct LineEditor::Terminal {
 
   static unsigned char cancel(EditLine* editor, int) {
     of(editor).cancelled = true;
-    std::fputs("*Cancel*", stdout);
+    std::fputs("*Cancel*\n", stdout);
     return CC_NEWLINE;
   }
   static unsigned char complete_word(EditLine* editor, int);

@@ -6,6 +6,7 @@
 
 #include "cli/usage_error.h"
 #include "component/method_table.h"
+#include "component/method_words.h"
 
 namespace velmar::cli {
 namespace {
@@ -47,9 +48,11 @@ std::vector<std::string_view> nearest_methods(std::string_view name) {
   std::stable_sort(candidates.begin(), candidates.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<std::string_view> names;
-  for (const auto& [far, published] : candidates) {
-    if (names.size() < 3) names.push_back(published);
+  for (const auto& [far, published] : candidates) names.push_back(published);
+  if (names.empty() && wanted.size() >= 3) {
+    for (const Method* method : methods_about(name)) names.push_back(method->name);
   }
+  names.resize(std::min<std::size_t>(names.size(), 3));
   return names;
 }
 

@@ -31,6 +31,7 @@ void RecordedLines::start(const std::string& file) {
   script_.open(path, std::ios::binary);
   if (!script_) throw drawing::Error(file + ": cannot be written");
   file_ = file;
+  failed_ = 0;
 }
 
 std::string RecordedLines::stop() {
@@ -46,7 +47,8 @@ void RecordedLines::write(const std::string& line) {
 
 void RecordedLines::take_back() { latest_.pop_back(); }
 
-void RecordedLines::keep() {
+void RecordedLines::keep(bool done) {
+  if (!done) ++failed_;
   for (const std::string& line : latest_) write(line);
   latest_.clear();
 }

@@ -27,14 +27,17 @@ class RecordedLines : public Lines {
   void write(const std::string& line);
   /// The last answer was of no use, and is asked for again.
   void take_back();
-  /// The last command, with its answers, is one of the script.
-  void keep();
+  /// The last command, with its answers, is one of the script; `done`: it did what it should.
+  void keep(bool done);
+  /// Commands of the script that did not.
+  std::size_t failed() const { return failed_; }
 
  private:
   Lines& lines_;
   std::vector<std::string> latest_;  // a command and its answers
   std::string file_;
   std::ofstream script_;
+  std::size_t failed_ = 0;
 };
 
 }  // namespace velmar::cli

@@ -57,7 +57,7 @@ embedded::DocumentPointer Run::open(const std::string& file) {
   try {
     const embedded::DocumentPointer document = application_->open(path);
     show_warnings(file, document->drawing);
-    given_names_.emplace(document->drawing.path().string(), file);
+    note_name(*document, file);
     return document;
   } catch (const basic::Failure& failure) {
     application_->forget_failed_open();
@@ -83,6 +83,10 @@ void Run::call(CallRecord& record) {
 std::vector<embedded::DocumentPointer> Run::documents() const { return application_->documents(); }
 
 embedded::DocumentPointer Run::active() const { return application_->active(); }
+
+void Run::note_name(const embedded::DocumentState& document, const std::string& file) {
+  given_names_.emplace(document.drawing.path().string(), file);
+}
 
 std::string Run::name_of(const embedded::DocumentState& document) const {
   const fs::path& path = document.drawing.path();

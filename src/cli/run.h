@@ -49,6 +49,8 @@ class Run {
   std::string name_of(const embedded::DocumentState& document) const;
   /// From now on a method that saves a drawing writes nothing.
   void begin_dry_run();
+  /// The user called the drawing's file so.
+  void note_name(const embedded::DocumentState& document, const std::string& file);
 
  private:
   void note(embedded::FileNote note);

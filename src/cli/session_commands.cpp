@@ -64,7 +64,7 @@ void make_steps(embedded::DocumentState& document, int count, Step step, std::st
   for (int i = 0; i < count; ++i) {
     const std::optional<std::string> name = step(document);
     if (!name && i == 0) throw UsageError(std::string(none));
-    if (!name) return print("That were all: " + std::to_string(i) + "\n");
+    if (!name) return print("these were all\n");
     print(*name + " is " + std::string(made) + "\n");
   }
 }
@@ -102,6 +102,7 @@ void Interpreter::save_as(Words words) {
   require_dxf_name(file);
   document->drawing.save(std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
   document->read_only = false;
+  run_.note_name(*document, file);
   print("saved to " + file + "\n");
 }
 
@@ -213,7 +214,8 @@ void Interpreter::record(Words words) {
   if (!basic::equal_ignoring_case(file, "stop")) return start_recording(file);
   const std::string written = lines_.stop();
   if (written.empty()) throw UsageError("nothing is being recorded: RECORD FILE");
-  print("recorded: velmar script \"" + written + "\" does it again\n");
+  const std::string_view option = lines_.failed() > 0 ? "--go-on " : "";  // after a line that fails
+  print("recorded: velmar script " + std::string(option) + "\"" + written + "\" does it again\n");
 }
 
 void Interpreter::quit(Words words) {

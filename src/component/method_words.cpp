@@ -36,7 +36,9 @@ constexpr Words everyday[] = {
     {"DisP", "distance between points, measure distance"},
     {"Alignement", "flatten, elevation zero, z to zero, level, 2d"},
     {"AlignDimension", "align dimensions, line up dimensions, dimension space"},
-    {"ReplaceTag", "attribute value, edit attributes, block attributes, title block"},
+    {"ReplaceTag",
+     "attribute value, find and replace attributes, edit attributes, block attributes, title "
+     "block"},
     {"ReplaceInT", "find and replace in texts, substring, search and replace, part of text"},
     {"Unload_TB", "unload xref, reload xref, title block, external reference"},
     {"Unload_Xref", "unload xref, reload xref, external reference"},
@@ -128,7 +130,9 @@ int fit(const std::vector<std::string>& wanted, const Method& method) {
   const std::vector<std::string> help = words_of(method.help);
   int all = 0;
   for (const std::string& word : wanted) {
-    const int fits = std::max({3 * fit(word, name), 3 * fit(word, everyday_ones), fit(word, help)});
+    const int in_name = fit(word, name);
+    const int fits = std::max(
+        {in_name > 0 ? 3 * in_name + 1 : 0, 3 * fit(word, everyday_ones), fit(word, help)});
     if (fits == 0) return 0;
     all += fits;
   }
