@@ -2,6 +2,7 @@
 
 #include "drawing/geometry/ocs.h"
 #include "render/kept_kinds.h"
+#include "render/texts.h"
 
 namespace velmar::render {
 namespace {
@@ -90,6 +91,8 @@ Box BlockSizes::entity_box(drawing::RecordId id) try {
     const Point offset =
         drawing::ocs_to_world(dimension->normal).direction(dimension->block_offset);
     if (block) add(box, block_box(*block), drawing::translation(offset));
+  } else if (const auto* const definition = std::get_if<drawing::Attdef>(&body)) {
+    box = extents(shown_tag(*definition));
   } else if (const auto* const spline = std::get_if<drawing::Spline>(&body)) {
     box = extents(*spline);
     if (box.empty()) add(box, spline->fit_points);
