@@ -2,6 +2,7 @@
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_builder.h"
 #include "drawing/dxf/record_reader.h"
+#include "drawing/sheet_viewport.h"
 #include "drawing/store.h"
 #include "drawing/table_rows.h"
 
@@ -14,18 +15,6 @@ RecordId active_viewport(const Store& store) {
     if (row.table == "VPORT" && same_name(row.name, "*Active")) return row.record;
   }
   return RecordId::none;
-}
-
-/// The viewport that shows the whole sheet: number 1, else the first.
-RecordId sheet_viewport(const Store& store, SpaceId sheet) {
-  RecordId first = RecordId::none;
-  for (const RecordId id : store.spaces[index(sheet)].entities) {
-    if (store.at(id).kind != Kind::viewport || store.at(id).is(Record::erased)) continue;
-    if (first == RecordId::none) first = id;
-    const dxf::RecordReader reader(store.bytes(id), store.format);
-    if (reader.first_integer(69) == 1) return id;
-  }
-  return first;
 }
 
 template <class Fields>
@@ -65,7 +54,7 @@ std::optional<View> Drawing::view(SpaceId space) {
     dxf::RecordReader(store_->bytes(id), store_->format).read(row);
     return row;
   }
-  const RecordId id = sheet_viewport(*store_, space);
+  const RecordId id = sheet_viewport(*this, space);
   if (id == RecordId::none) return std::nullopt;
   SheetViewport viewport;
   dxf::RecordReader(store_->bytes(id), store_->format).read(viewport);
@@ -83,7 +72,7 @@ void Drawing::write_view(SpaceId space, const View& view) {
     ViewportRow row{view};
     return write_row(*store_, id, row);
   }
-  const RecordId id = sheet_viewport(*store_, space);
+  const RecordId id = sheet_viewport(*this, space);
   if (id == RecordId::none) return;
   SheetViewport viewport{view.center, view.width(), view.height, view.center, view.height};
   write_row(*store_, id, viewport);

@@ -1,7 +1,9 @@
 #include "render/block_sizes.h"
 
+#include "drawing/dimension/drawn_block.h"
 #include "drawing/geometry/ocs.h"
 #include "render/kept_kinds.h"
+#include "render/texts.h"
 
 namespace velmar::render {
 namespace {
@@ -16,6 +18,16 @@ void add(Box& box, const std::vector<Point>& points) {
 void add(Box& box, const Box& inner, const drawing::Matrix& place) {
   if (inner.empty()) return;
   for (const Point& p : corners(inner)) box.add(place(p));
+}
+
+Box shape_box(const drawing::Body& body) {
+  Box box;
+  std::visit(
+      [&](const auto& shape) {
+        if constexpr (requires { extents(shape); }) box = extents(shape);
+      },
+      body);
+  return box;
 }
 
 Box box_of_kept(const KeptShape& shape, BlockSizes& sizes) {
@@ -89,16 +101,20 @@ Box BlockSizes::entity_box(drawing::RecordId id) try {
     const auto block = shown_block(drawing_, dimension->block);
     const Point offset =
         drawing::ocs_to_world(dimension->normal).direction(dimension->block_offset);
-    if (block) add(box, block_box(*block), drawing::translation(offset));
+    if (block) {
+      add(box, block_box(*block), drawing::translation(offset));
+    } else {
+      for (const drawing::Entity& part : drawing::drawn_content(drawing_, id)) {
+        box.add(shape_box(part.body));
+      }
+    }
+  } else if (const auto* const definition = std::get_if<drawing::Attdef>(&body)) {
+    box = extents(shown_tag(*definition));
   } else if (const auto* const spline = std::get_if<drawing::Spline>(&body)) {
     box = extents(*spline);
     if (box.empty()) add(box, spline->fit_points);
   } else {
-    std::visit(
-        [&](const auto& shape) {
-          if constexpr (requires { extents(shape); }) box = extents(shape);
-        },
-        body);
+    box = shape_box(body);
   }
   return box;
 } catch (const drawing::Error&) {

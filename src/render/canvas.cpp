@@ -46,6 +46,19 @@ bool is_finite(const Chain& chain) {
   return true;
 }
 
+/// Without points that are too near to the one before to be told from it; the ends stay.
+Chain thinned(const Chain& chain) {
+  Chain kept;
+  kept.reserve(chain.size());
+  for (std::size_t i = 0; i < chain.size(); ++i) {
+    const bool end = i == 0 || i + 1 == chain.size();
+    if (end ||
+        std::abs(chain[i].x - kept.back().x) + std::abs(chain[i].y - kept.back().y) > tolerance)
+      kept.push_back(chain[i]);
+  }
+  return kept;
+}
+
 }  // namespace
 
 double Canvas::magnification() const {
@@ -97,7 +110,7 @@ void Canvas::plain(const Chain& chain, const Look& look) const {
     return painter_->stroke({seen.middle()}, look.ink, look.width);
   }
   const Window brimmed = window_.grown(brim);
-  if (brimmed.contains(seen)) return painter_->stroke(chain, look.ink, look.width);
+  if (brimmed.contains(seen)) return painter_->stroke(thinned(chain), look.ink, look.width);
   Pieces pieces(*painter_, look);
   for (std::size_t i = 1; i < chain.size(); ++i) {
     const Point &a = chain[i - 1], &b = chain[i];
@@ -139,7 +152,7 @@ void Canvas::dashed(const Chain& chain, const Chain& in_picture, const Look& loo
   }
 }
 
-void Canvas::area(const std::vector<Chain>& areas, const Ink& ink) const {
+void Canvas::area(const std::vector<Chain>& areas, const Ink& ink, Rule rule) const {
   std::vector<Chain> shown;
   Window all;
   for (const Chain& area : areas) {
@@ -150,10 +163,10 @@ void Canvas::area(const std::vector<Chain>& areas, const Ink& ink) const {
     if (!brimmed.contains(seen)) in_picture = cut_area(brimmed, in_picture);
     if (in_picture.size() < 3) continue;
     for (const Point& p : in_picture) all.add(p);
-    shown.push_back(std::move(in_picture));
+    shown.push_back(thinned(in_picture));
   }
   if (shown.empty() || !window_.meets(all)) return;
-  painter_->fill(shown, ink);
+  painter_->fill(shown, ink, rule);
   // An area as thin as a line would vanish.
   if (std::min(all.width(), all.height()) < 0.5) {
     painter_->stroke({{all.left, all.low, 0}, {all.right, all.high, 0}}, ink, 0.5);

@@ -44,7 +44,7 @@ class Canvas {
   void curve(const Chain& chain, const Look& look) const;
   /// The same, drawn through.
   void line(const Chain& chain, const Look& look) const;
-  void area(const std::vector<Chain>& areas, const Ink& ink) const;
+  void area(const std::vector<Chain>& areas, const Ink& ink, Rule rule = Rule::even_odd) const;
 
  private:
   void plain(const Chain& in_picture, const Look& look) const;

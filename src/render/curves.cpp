@@ -1,5 +1,6 @@
 #include "render/curves.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace velmar::render {
@@ -39,12 +40,13 @@ Point left_of(Point way) {
 Point corner(Point along, Point neighbour) {
   const Point a = left_of(along), b = left_of(neighbour);
   const Point sum = a + b;
-  constexpr double sharp = 0.5;
+  constexpr double sharp = 1;
   if (b == Point{} || dot(sum, sum) < sharp) return a;
   return sum * (2 / dot(sum, sum));
 }
 
-/// The way at a station from the last place that is another one, or to the next one.
+/// The way at a station from the last place that is another one, or to the next one; none where the
+/// width jumps, as it does at corners where nothing is mitred.
 Point way_at(const std::vector<Station>& way, std::size_t i, int step, bool closed) {
   const auto count = static_cast<std::ptrdiff_t>(way.size());
   auto at = static_cast<std::ptrdiff_t>(i);
@@ -54,24 +56,38 @@ Point way_at(const std::vector<Station>& way, std::size_t i, int step, bool clos
       if (!closed) return {};
       at = at < 0 ? count - 1 : 0;
     }
-    const Point other = way[static_cast<std::size_t>(at)].at;
-    if (other != way[i].at) return (other - way[i].at) * step;
+    const Station& other = way[static_cast<std::size_t>(at)];
+    if (other.at != way[i].at) return (other.at - way[i].at) * step;
+    if (other.width != way[i].width) return {};
   }
   return {};
+}
+
+/// All the same way round, so that they add up.
+Chain turned(Chain area, const Canvas& canvas) {
+  const Chain seen = canvas.mapped(area);
+  double twice = 0;
+  for (std::size_t i = 0; i < seen.size(); ++i) {
+    twice += cross(seen[i], seen[(i + 1) % seen.size()]).z;
+  }
+  if (twice < 0) std::ranges::reverse(area);
+  return area;
 }
 
 /// The areas between the stations.
 void draw_wide(const std::vector<Station>& way, bool closed, const drawing::Matrix& plane,
                const Canvas& canvas, const Look& look) {
+  std::vector<Chain> areas;
   for (std::size_t i = 0; i + 1 < way.size(); ++i) {
     const Station &a = way[i], &b = way[i + 1];
     if (a.at == b.at) continue;
     const Point along = b.at - a.at;
     const Point to_a = corner(along, way_at(way, i, -1, closed)) * (a.width / 2);
     const Point to_b = corner(along, way_at(way, i + 1, 1, closed)) * (b.width / 2);
-    canvas.area({{plane(a.at + to_a), plane(b.at + to_b), plane(b.at - to_b), plane(a.at - to_a)}},
-                look.ink);
+    areas.push_back(turned(
+        {plane(a.at + to_a), plane(b.at + to_b), plane(b.at - to_b), plane(a.at - to_a)}, canvas));
   }
+  canvas.area(areas, look.ink, Rule::nonzero);
 }
 
 }  // namespace

@@ -118,12 +118,10 @@ KeptShape shown_by_block(const Drawing& drawing, RecordId id, bool placed) {
     if (placed && tag.code() == 11) direction = tag.point();
   }
   insert.rotation = std::atan2(direction.y, direction.x);
-  return {.lines = {}, .areas = {}, .masks = {}, .texts = {}, .block = insert};
+  return {.block = insert, .is_dimension = !placed};
 }
 
-KeptShape of_lines(std::vector<Chain> lines) {
-  return {.lines = std::move(lines), .areas = {}, .masks = {}, .texts = {}, .block = {}};
-}
+KeptShape of_lines(std::vector<Chain> lines) { return {.lines = std::move(lines)}; }
 
 std::optional<KeptShape> of_mesh(const Drawing& drawing, RecordId id) {
   auto lines = polyline_mesh_lines(drawing, id);

@@ -11,11 +11,12 @@ namespace velmar::render {
 /// What is drawn of an entity that the drawing keeps whole without a body of its own, in world
 /// coordinates.
 struct KeptShape {
-  std::vector<Chain> lines;
-  std::vector<Chain> areas;
-  std::vector<Chain> masks;  // in the colour of the paper
-  std::vector<drawing::MText> texts;
-  std::optional<drawing::Insert> block;
+  std::vector<Chain> lines = {};
+  std::vector<Chain> areas = {};
+  std::vector<Chain> masks = {};  // in the colour of the paper
+  std::vector<drawing::MText> texts = {};
+  std::optional<drawing::Insert> block = {};
+  bool is_dimension = false;
 };
 
 /// Images and wipeouts by their frames, multilines, multileaders, tables, dimensions of newer

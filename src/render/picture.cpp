@@ -41,7 +41,6 @@ class CairoPainter final : public Painter {
   explicit CairoPainter(cairo_t* context) : context_(context) {
     cairo_set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
-    cairo_set_fill_rule(context_, CAIRO_FILL_RULE_EVEN_ODD);
   }
 
   void stroke(const Chain& chain, const Ink& ink, double width) override {
@@ -51,8 +50,10 @@ class CairoPainter final : public Painter {
     if (chain.size() == 1) cairo_line_to(context_, chain[0].x, chain[0].y);
     cairo_stroke(context_);
   }
-  void fill(const std::vector<Chain>& areas, const Ink& ink) override {
+  void fill(const std::vector<Chain>& areas, const Ink& ink, Rule rule) override {
     use(ink);
+    cairo_set_fill_rule(context_,
+                        rule == Rule::nonzero ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
     trace_all(areas);
     cairo_fill(context_);
   }
@@ -127,7 +128,7 @@ std::string picture(const Sheet& sheet, const std::function<void(Painter&)>& dra
     const Context context(cairo_create(surface.get()));
     CairoPainter painter(context.get());
     painter.fill({{{0, 0}, {sheet.width, 0}, {sheet.width, sheet.height}, {0, sheet.height}}},
-                 {sheet.paper, 1});
+                 {sheet.paper, 1}, Rule::nonzero);
     draw(painter);
     check(cairo_status(context.get()));
   }

@@ -17,7 +17,6 @@ using drawing::RecordId;
 using drawing::SpaceId;
 
 constexpr int deepest = 64;
-constexpr std::size_t most_visits = 5'000'000;
 
 template <class Number>
 Number header_number(const drawing::Drawing& drawing, std::string_view name, Number otherwise) {
@@ -33,7 +32,8 @@ Scene::Scene(const drawing::Drawing& drawing, const SettingOptions& options, con
       marks_(marks),
       sizes_(drawing),
       texts_(settings_),
-      hatches_(drawing, settings_) {
+      hatches_(drawing, settings_),
+      most_visits_(options.most_entities) {
   points_.mode = header_number<std::int32_t>(drawing, "$PDMODE", 0);
   points_.size = header_number<double>(drawing, "$PDSIZE", 0);
   patterns_on_paper_ = header_number<int>(drawing, "$PSLTSCALE", 1) != 0;
@@ -49,12 +49,14 @@ Scene::Place Scene::Place::within(const drawing::Matrix& inner, const Setting& s
 }
 
 void Scene::draw(SpaceId space, const Canvas& canvas) {
-  draw_entities(draw_order(drawing_, space), {canvas, settings_.outermost()});
+  Place place{canvas, settings_.outermost()};
+  place.points = points_;
+  draw_entities(draw_order(drawing_, space), place);
 }
 
 void Scene::draw_entities(const std::vector<RecordId>& entities, const Place& place) {
   for (const RecordId id : entities) {
-    if (++visits_ > most_visits) {
+    if (++visits_ > most_visits_) {
       too_many_ = true;
       return;
     }
@@ -98,13 +100,17 @@ void Scene::draw_entity(RecordId id, Place place) {
 
 void Scene::draw_known(RecordId id, const drawing::Entity& entity, const Place& place,
                        const Setting& setting) {
-  if (const auto kept = kept_shape(drawing_, id)) return draw_kept(*kept, place, setting);
+  if (const auto kept = kept_shape(drawing_, id)) {
+    Place own = place;
+    if (kept->is_dimension) own.points = PointStyle{};
+    return draw_kept(*kept, own, setting);
+  }
   if (std::holds_alternative<drawing::Opaque>(entity.body)) {
     ++not_drawn_[std::string(drawing_.kind_name(id))];
     return;
   }
   if (const auto* const insert = std::get_if<drawing::Insert>(&entity.body)) {
-    draw_entities(drawing_.parts(id), place);  // its attributes
+    draw_entities(drawing_.parts(id), place.within(drawing::Matrix{}, setting));  // its attributes
     return draw_reference(*insert, place, setting);
   }
   if (const auto* const dimension = std::get_if<drawing::Dimension>(&entity.body)) {
@@ -132,7 +138,7 @@ void Scene::draw_body(RecordId id, const drawing::Body& body, const Place& place
   } else if (const auto* const leader = std::get_if<drawing::Leader>(&body)) {
     draw_leader(drawing_, id, *leader, canvas, look);
   } else {
-    draw_shape(body, canvas, look, points_);
+    draw_shape(body, canvas, look, place.points);
   }
 }
 
@@ -142,9 +148,8 @@ void Scene::draw_definition(const drawing::Attdef& definition, const Place& plac
   constexpr std::int32_t invisible_flag = 1, constant_flag = 2;
   const bool constant = (definition.flags & constant_flag) != 0;
   if (place.depth > 0 && (!constant || (definition.flags & invisible_flag) != 0)) return;
-  drawing::Text shown = definition;
-  if (place.depth == 0) shown.text = definition.tag;
-  texts_.draw(layout(shown), place.canvas, look);
+  const bool by_tag = place.depth == 0;
+  texts_.draw(by_tag ? layout(shown_tag(definition)) : layout(definition), place.canvas, look);
 }
 
 void Scene::draw_kept(const KeptShape& shape, const Place& place, const Setting& setting) {
@@ -177,7 +182,7 @@ void Scene::draw_cells(const drawing::Insert& insert, SpaceId block, const Place
   const std::vector<Point> box = corners(sizes_.block_box(block));
   for (int row = 0; row < std::max(insert.rows, 1); ++row) {
     for (int column = 0; column < std::max(insert.columns, 1); ++column) {
-      if (++visits_ > most_visits) {
+      if (++visits_ > most_visits_) {
         too_many_ = true;
         return;
       }
@@ -197,7 +202,8 @@ void Scene::draw_cells(const drawing::Insert& insert, SpaceId block, const Place
 void Scene::draw_dimension(RecordId id, const drawing::Dimension& dimension, const Place& place,
                            const Setting& setting) {
   const Point offset = drawing::ocs_to_world(dimension.normal).direction(dimension.block_offset);
-  const Place inner = place.within(drawing::translation(offset), setting);
+  Place inner = place.within(drawing::translation(offset), setting);
+  inner.points = PointStyle{};  // dots, whatever the drawing says of points
   if (place.depth >= deepest) {
     too_deep_ = true;
     return;
@@ -205,7 +211,7 @@ void Scene::draw_dimension(RecordId id, const drawing::Dimension& dimension, con
   if (const auto block = shown_block(drawing_, dimension.block)) {
     return draw_entities(drawing_.entities(*block), inner);
   }
-  drawing::Record record = drawing_.record(id);
+  const drawing::Record record = drawing_.record(id);
   for (const drawing::Entity& part : drawing::drawn_content(drawing_, id)) {
     const Setting own = settings_.of(record, part.common, inner.outer);
     draw_body(id, part.body, inner, settings_.look(own, place.pattern_scale));
@@ -224,6 +230,7 @@ void Scene::draw_viewport(RecordId id, Place& place) {
     Place inner{place.canvas.cut_to(seen).within(viewport->place()), settings_.outermost()};
     inner.frozen = &viewport->frozen;
     inner.mark = place.mark;
+    inner.points = points_;
     if (patterns_on_paper_) inner.pattern_scale = 1 / viewport->scale();
     draw_entities(draw_order(drawing_, SpaceId::model), inner);
     place.canvas.painter().pop_clip();
@@ -261,7 +268,7 @@ std::vector<std::string> Scene::warnings() const {
   }
   if (too_many_) {
     lines.push_back("not all is drawn: the blocks come to more than " +
-                    std::to_string(most_visits) + " entities");
+                    std::to_string(most_visits_) + " entities");
   }
   if (too_deep_)
     lines.push_back("not all is drawn: blocks are nested too deeply, perhaps in themselves");

@@ -49,6 +49,7 @@ class Scene {
     double pattern_scale = 1;
     const std::vector<drawing::LayerId>* frozen = nullptr;  // in a viewport
     std::optional<Color> mark = {};
+    PointStyle points = {};
 
     Place within(const drawing::Matrix& inner, const Setting& setting) const;
   };
@@ -79,7 +80,7 @@ class Scene {
   HatchDrawer hatches_;
   PointStyle points_;
   bool patterns_on_paper_ = true;
-  std::size_t visits_ = 0;
+  std::size_t most_visits_, visits_ = 0;
   bool too_many_ = false, too_deep_ = false;
   std::map<std::string, std::size_t> not_drawn_;  // by kind
   std::vector<std::string> failures_;

@@ -27,10 +27,11 @@ struct Setting {
 
 struct SettingOptions {
   Background background = Background::light;
-  bool lineweights = false;        // else all lines are hairlines
-  double hairline = 1;             // in picture units
-  double units_per_inch = 96;      // of the picture
-  std::optional<Color> tint = {};  // of everything, in place of its own colour
+  bool lineweights = false;               // else all lines are hairlines
+  double hairline = 1;                    // in picture units
+  double units_per_inch = 96;             // of the picture
+  std::optional<Color> tint = {};         // of everything, in place of its own colour
+  std::size_t most_entities = 2'000'000;  // that are drawn, those within blocks counted each time
 };
 
 /// Looks up what layers, blocks and the tables of a drawing say of how entities look.

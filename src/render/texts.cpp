@@ -34,6 +34,12 @@ class RunPlace {
 
 }  // namespace
 
+drawing::Text shown_tag(const drawing::Attdef& definition) {
+  drawing::Text text = definition;
+  text.text = definition.tag;
+  return text;
+}
+
 const drawing::GlyphShape& TextDrawer::shape(const drawing::FontPointer& font, char32_t character) {
   const auto [known, is_new] = shapes_.try_emplace(Key{font.get(), character});
   if (is_new) {

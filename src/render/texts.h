@@ -9,6 +9,9 @@
 
 namespace velmar::render {
 
+/// What the definition of an attribute shows outside of references: its tag.
+drawing::Text shown_tag(const drawing::Attdef& definition);
+
 /// Draws texts by the shapes of their characters, as wide and high as they are measured.
 class TextDrawer {
  public:

@@ -5,6 +5,7 @@
 
 #include "drawing/extents.h"
 #include "drawing/geometry/ocs.h"
+#include "drawing/sheet_viewport.h"
 #include "render/tag_reader.h"
 
 namespace velmar::render {
@@ -144,9 +145,11 @@ std::optional<Viewport> read_viewport(const Drawing& drawing, RecordId id) {
   }
   Viewport& viewport = row.viewport;
   if (viewport.view.height == 0) take_old_view(drawing, id, viewport);
-  if (row.number == 1 || !(viewport.width > 0) || !(viewport.height > 0)) return std::nullopt;
+  if (id == drawing::sheet_viewport(drawing, drawing.record(id).space)) return std::nullopt;
+  if (!(viewport.width > 0) || !(viewport.height > 0)) return std::nullopt;
   constexpr std::int64_t off_flag = 0x20000;
-  viewport.on = row.status != 0 && (row.flags & off_flag) == 0;
+  // Sheets that are not in use have neither numbers nor states.
+  viewport.on = (row.status != 0 || row.number == 0) && (row.flags & off_flag) == 0;
   viewport.border = border_of(drawing, row);
   return viewport;
 }

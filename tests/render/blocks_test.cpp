@@ -47,27 +47,45 @@ TEST(References, ThatNeverEndAreBounded) {
   }
   text.entities = insert(below, "8 0");
   const drawing::Drawing drawing = text.read();
-  Scene scene(drawing, {});
-  painted(scene);
+  SettingOptions options;
+  options.most_entities = 20'000;
+  Scene scene(drawing, options);
+  EXPECT_LE(painted(scene).strokes.size(), 20'000u);
   EXPECT_THAT(scene.warnings(), testing::Contains(testing::HasSubstr("not all is drawn")));
 }
 
 TEST(References, ShowAttributesAndNotTheirDefinitions) {
   const std::string tail = " 100 AcDbText 10 0 20 0 40 10 1 AB 100 ";
   SceneText text;
-  text.layers = layer("0", 7);
+  text.layers = layer("0", 7) + layer("Off", -7);
   text.blocks = block(
       "B", " 0 ATTDEF 100 AcDbEntity 8 0" + tail + "AcDbAttributeDefinition 3 Ask 2 TAG 70 0");
-  const auto attribute = [&](int flags) {
-    return insert("B", "8 0", "66 1 10 0 20 0") + " 0 ATTRIB 100 AcDbEntity 8 0" + tail +
+  const auto attribute = [&](int flags, const std::string& layer) {
+    return insert("B", "8 " + layer, "66 1 10 0 20 0") + " 0 ATTRIB 100 AcDbEntity 8 0" + tail +
            "AcDbAttribute 2 TAG 70 " + std::to_string(flags) + " 0 SEQEND 100 AcDbEntity 8 0";
   };
   text.entities = insert("B", "8 0");
   EXPECT_TRUE(painted(text.read()).strokes.empty());
-  text.entities = attribute(1);
+  text.entities = attribute(1, "0") + attribute(0, "Off");
   EXPECT_TRUE(painted(text.read()).strokes.empty());
-  text.entities = attribute(0);
+  text.entities = attribute(0, "0");
   EXPECT_GE(painted(text.read()).strokes.size(), 4u);
+}
+
+TEST(Dimensions, ShowTheirBlockWithItsPointsAsDots) {
+  SceneText text;
+  text.header = "9 $PDMODE 70 35 9 $PDSIZE 40 4";
+  text.layers = layer("0", 7);
+  text.blocks =
+      block("*D1", line(10, 0, "8 0 62 0") + " 0 POINT 100 AcDbEntity 8 0 100 AcDbPoint 10 0 20 0");
+  text.entities =
+      " 0 DIMENSION 100 AcDbEntity 8 0 62 3 100 AcDbDimension 2 *D1 10 0 20 0 11 5 21 "
+      "0 12 7 22 0 70 33 100 AcDbAlignedDimension 13 0 23 0 14 10 24 0";
+  const RecordingPainter painter = painted(text.read());
+  ASSERT_EQ(painter.strokes.size(), 2u);
+  EXPECT_EQ(painter.strokes[0].ink.color, (Color{0, 255, 0}));
+  EXPECT_EQ(painter.strokes[0].chain.back().x, 17);
+  EXPECT_EQ(painter.strokes[1].chain.size(), 1u);
 }
 
 TEST(Viewports, ShowModelSpaceAtTheirScaleWithinTheirBorder) {
@@ -77,6 +95,8 @@ TEST(Viewports, ShowModelSpaceAtTheirScaleWithinTheirBorder) {
                 "2 Hidden 70 0 62 1 6 Continuous";
   text.entities =
       line(1000, 0, "8 0") + line(1000, 1, "8 Hidden") +
+      " 0 VIEWPORT 100 AcDbEntity 8 0 67 1 100 AcDbViewport 10 0 20 0 40 900 41 900 68 1 69 1 45 "
+      "900"
       " 0 VIEWPORT 100 AcDbEntity 8 0 67 1 100 AcDbViewport 10 200 20 100 40 100 41 50 68 2 69 2 "
       "12 500 22 0 45 500 16 0 26 0 36 1 331 77";
   const drawing::Drawing drawing = text.read();

@@ -59,12 +59,12 @@ TEST(Linetypes, LayOutTheirDashesFromBothEndsAlike) {
   }
   EXPECT_THAT(ends, testing::Pointwise(testing::DoubleNear(1e-9),
                                        {0, 10, 15, 25, 30, 40, 45, 55, 60, 70, 75, 85, 90, 100}));
-  // 112 leaves 12 more: the end dashes are 16 long, none is cut off.
-  text.entities = line(112, 0, "8 D 48 0.5");
+  // 104 leaves 14: the end dashes are longer than the others, 12 each.
+  text.entities = line(104, 0, "8 D 48 0.5");
   const RecordingPainter longer = painted(text.read());
-  EXPECT_NEAR(longer.strokes.front().chain.back().x, 16, 1e-9);
-  EXPECT_NEAR(longer.strokes.back().chain.front().x, 96, 1e-9);
-  EXPECT_NEAR(longer.strokes.back().chain.back().x, 112, 1e-9);
+  EXPECT_NEAR(longer.strokes.front().chain.back().x, 12, 1e-9);
+  EXPECT_NEAR(longer.strokes.back().chain.front().x, 92, 1e-9);
+  EXPECT_NEAR(longer.strokes.back().chain.back().x, 104, 1e-9);
   // Too short for a turn, or turns too small to be seen: drawn through.
   text.entities = line(14, 0, "8 D 48 0.5") + line(100, 0, "8 D 48 0.001");
   EXPECT_EQ(painted(text.read()).strokes.size(), 2u);

@@ -28,7 +28,7 @@ class RecordingPainter final : public Painter {
     if (clips_ > 0) return;
     for (const Point& p : chain) all.add(p);
   }
-  void fill(const std::vector<Chain>& areas, const Ink& ink) override {
+  void fill(const std::vector<Chain>& areas, const Ink& ink, Rule) override {
     fills.push_back({areas, ink});
     if (clips_ > 0) return;
     for (const Chain& area : areas) {

@@ -138,17 +138,28 @@ class StrokeFont final : public Font {
     if (letters_.measures == gdt_measures) {
       if (Strokes symbol = tolerance_symbol(c); !symbol.empty()) return scaled(symbol, 1);
     }
-    const Strokes strokes = simplex_strokes(c);
-    double width = 0;
-    for (const auto& stroke : strokes) {
-      for (const Point& p : stroke) width = std::max(width, p.x);
+    // An accent may be wider than its letter, as measured.
+    const Measures measured = letters_.measures(c);
+    const double width = extent(simplex_strokes(base_letter(c)), &Point::x);
+    Strokes strokes = simplex_strokes(c);
+    const double above = std::max(extent(strokes, &Point::y) - measured.top, 0.0);
+    const double aside = width > 0 ? 0 : measured.right / 2;
+    for (auto& stroke : strokes) {
+      for (Point& p : stroke) p = p + Point{aside, -above, 0};
     }
-    return scaled(strokes, width > 0 ? letters_.measures(c).right / width : 1);
+    return scaled(strokes, width > 0 ? measured.right / width : 1);
   }
   double descent() const override { return 7 / capital; }
   bool aligns_by_advance() const override { return false; }
 
  private:
+  static double extent(const Strokes& strokes, double Point::*coordinate) {
+    double most = 0;
+    for (const auto& stroke : strokes) {
+      for (const Point& p : stroke) most = std::max(most, p.*coordinate);
+    }
+    return most;
+  }
   static GlyphShape scaled(const Strokes& strokes, double wide) {
     GlyphShape shape{strokes};
     for (auto& stroke : shape.chains) {
