@@ -57,6 +57,15 @@ std::string proper(std::string_view text) {
   }));
 }
 
-std::u16string folded(std::string_view text) { return each(text, folded_of); }
+std::u16string folded(std::string_view text) {
+  std::u16string result(text.size(), u'\0');
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (static_cast<unsigned char>(c) >= 0x80) return each(text, folded_of);
+    const bool is_capital = c >= 'A' && c <= 'Z';
+    result[i] = static_cast<char16_t>(is_capital ? c - 'A' + 'a' : c);
+  }
+  return result;
+}
 
 }  // namespace velmar::basic

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "cli/console.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 #include "drawing/utf8_path.h"
 #include "render/scene.h"

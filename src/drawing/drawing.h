@@ -208,6 +208,8 @@ class Drawing {
   Common read_common(RecordId id) const;
   /// Of the common values this one alone, which is found without reading the rest of the record.
   std::string read_linetype_name(RecordId id) const;
+  /// Of a TEXT; the same as in its body.
+  std::string read_text_string(RecordId id) const;
   Body read_body(RecordId id) const;
   /// Gives a text, whose style was changed in memory, that style's font; nothing for other kinds.
   void apply_style(Body& body) const;

@@ -80,6 +80,28 @@ void read_record(const Store& store, RecordId id, Lists&... lists) {
   refuse_problem(store, id, reader.problem());
 }
 
+/// A text value of a subclass without reading the record further than that; empty inside where the
+/// subclass has no such group, and outside where the record has no such subclass.
+std::optional<std::optional<std::string>> text_in_subclass(const Store& store, RecordId id,
+                                                           std::string_view subclass, int code) {
+  constexpr int marker_code = 100, group_code = 102;
+  const std::string_view bytes = store.bytes(id);
+  dxf::TagCursor cursor(bytes, store.format);
+  dxf::Tag tag;
+  bool is_inside = false, in_group = false;
+  while (cursor.next(tag)) {
+    if (tag.code == group_code) in_group = tag.text(bytes).starts_with('{');
+    if (tag.code == code && is_inside && !in_group) {
+      return dxf::text_value(bytes, tag, store.format);
+    }
+    if (tag.code != marker_code) continue;
+    if (is_inside) break;
+    is_inside = tag.text(bytes) == subclass;
+  }
+  if (!is_inside) return std::nullopt;
+  return std::optional<std::string>();
+}
+
 /// Brings a record to the values of the lists; false if they are the same.
 template <class... Lists>
 bool write_record(Store& store, RecordId id, const Lists&... lists) {
@@ -309,21 +331,17 @@ Common Drawing::read_common(RecordId id) const {
 }
 
 std::string Drawing::read_linetype_name(RecordId id) const {
-  constexpr int marker_code = 100, linetype_code = 6;
-  const std::string_view bytes = store_->bytes(id);
-  dxf::TagCursor cursor(bytes, store_->format);
-  dxf::Tag tag;
-  bool is_common = false, in_group = false;
-  while (cursor.next(tag)) {
-    if (tag.code == 102) in_group = tag.text(bytes).starts_with('{');
-    if (tag.code == linetype_code && is_common && !in_group) {
-      return dxf::text_value(bytes, tag, store_->format);
-    }
-    if (tag.code != marker_code) continue;
-    if (is_common) return Common().linetype;
-    is_common = tag.text(bytes) == "AcDbEntity";
-  }
-  return read_common(id).linetype;
+  constexpr int linetype_code = 6;
+  const auto found = text_in_subclass(*store_, id, "AcDbEntity", linetype_code);
+  if (!found) return read_common(id).linetype;
+  return found->value_or(Common().linetype);
+}
+
+std::string Drawing::read_text_string(RecordId id) const {
+  constexpr int text_code = 1;
+  const auto found = text_in_subclass(*store_, id, "AcDbText", text_code);
+  if (!found) return std::get<Text>(read_body(id)).text;
+  return found->value_or(std::string());
 }
 
 Body Drawing::read_body(RecordId id) const {

@@ -17,6 +17,11 @@ Value EntityObject::get(Member member) {
       return drawing().object_name(id_);
     case Member::Layer:
       return std::string_view(layer_name());
+    case Member::TextString:
+      if (record().kind == drawing::Kind::text && !decoded_) {
+        return translated([&] { return Value(drawing().read_text_string(id_)); });
+      }
+      [[fallthrough]];
     default:
       return translated([&] { return get_other(member); });
   }
