@@ -86,7 +86,7 @@ void save(const Run& run, const SavingOptions& options, CallRecord& record) {
     std::string target;
     if (may_save) target = target_of(file, document == active, is_changed, options);
     if (!is_changed && target.empty()) continue;
-    record.drawings.push_back({file, std::move(changes), {}});
+    record.drawings.push_back({file, std::move(changes)});
     if (target.empty()) {
       tell_unsaved(file, options, record.failure.has_value());
     } else {
