@@ -16,7 +16,8 @@ namespace velmar::cli {
 struct DrawingChanges {
   std::string drawing;  // its path, as the user gave it
   drawing::Changes changes;
-  std::string saved_to;  // empty: not saved
+  std::string saved_to = {};  // empty: not saved
+  bool only_others = false;   // layers, blocks or other data changed, but no entity
 };
 
 /// A call of a method, all that is told of it afterwards.

@@ -76,6 +76,7 @@ std::string changes_text(const DrawingChanges& drawing) {
   std::string text = std::to_string(modified.size()) + " modified, " +
                      std::to_string(added.size()) + " added, " + std::to_string(erased.size()) +
                      " erased in " + drawing.drawing;
+  if (drawing.only_others) return "no entities but other data changed in " + drawing.drawing;
   if (!drawing.saved_to.empty()) text += "; saved to " + drawing.saved_to;
   return text;
 }

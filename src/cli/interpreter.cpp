@@ -83,8 +83,10 @@ std::vector<basic::Value> Interpreter::arguments_of(const Method& method, Words 
 std::vector<DrawingChanges> Interpreter::end_step(std::string_view name) {
   std::vector<DrawingChanges> changed;
   for (const embedded::DocumentPointer& document : run_.documents()) {
-    drawing::Changes changes = document->drawing.end_step(std::string(name));
-    if (!changes.empty()) changed.push_back({run_.name_of(*document), std::move(changes), {}});
+    auto changes = document->drawing.end_step(std::string(name));
+    if (!changes) continue;
+    const bool only_others = changes->empty();
+    changed.push_back({run_.name_of(*document), std::move(*changes), {}, only_others});
   }
   return changed;
 }

@@ -92,7 +92,7 @@ void save(const Run& run, const SavingOptions& options, CallRecord& record) {
     std::erase_if(record.drawings, [&](const DrawingChanges& told) {
       return told.drawing == file && told.saved_to.empty();
     });
-    record.drawings.push_back({file, std::move(changes), {}});
+    record.drawings.push_back({file, std::move(changes)});
     if (target.empty()) {
       tell_unsaved(file, options, record.failure.has_value());
     } else {

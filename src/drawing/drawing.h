@@ -240,8 +240,8 @@ class Drawing {
   /// From now on edits can be taken back.
   void keep_history();
   /// What was edited since the last step is one under this name; nothing where nothing was. Tells
-  /// what it did.
-  Changes end_step(std::string name);
+  /// what it did to entities.
+  std::optional<Changes> end_step(std::string name);
   /// Takes the last step back, does it again; its name, or nothing where there is none. What is
   /// edited afterwards ends what could be done again. Entities that were added by a step taken back
   /// are erased ones.

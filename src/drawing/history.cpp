@@ -120,7 +120,7 @@ void History::add_states_of_added(const Store& store) {
   }
 }
 
-Changes History::end_step(Store& store, std::string name) {
+std::optional<Changes> History::end_step(Store& store, std::string name) {
   settle_erased(store);
   open_.end = marks(store);
   for (RecordState& state : open_.records) {
@@ -128,7 +128,7 @@ Changes History::end_step(Store& store, std::string name) {
     state.edited = (flags & Record::edited) != 0;
     flags &= static_cast<std::uint16_t>(~(Record::remembered | Record::edited));
   }
-  Changes told;
+  std::optional<Changes> told;
   if (open_.end.content != open_.begin.content || open_.end.records != open_.begin.records) {
     told = changes(store);
     open_.name = std::move(name);
@@ -169,8 +169,8 @@ void Drawing::keep_history() {
   if (!store_->history) store_->history = std::make_shared<History>(*store_);
 }
 
-Changes Drawing::end_step(std::string name) {
-  return store_->history ? store_->history->end_step(*store_, std::move(name)) : Changes{};
+std::optional<Changes> Drawing::end_step(std::string name) {
+  return store_->history ? store_->history->end_step(*store_, std::move(name)) : std::nullopt;
 }
 
 std::optional<std::string> Drawing::undo() {

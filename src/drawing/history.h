@@ -34,7 +34,7 @@ class History {
   void remember_order(const Store& store);
 
   /// The step ends and the next begins. A step that changed nothing is none.
-  Changes end_step(Store& store, std::string name);
+  std::optional<Changes> end_step(Store& store, std::string name);
   std::optional<std::string> undo(Store& store);
   std::optional<std::string> redo(Store& store);
   void saved(const Store& store);

@@ -26,7 +26,6 @@ class Terminal {
   /// Types a line and waits for the next prompt; what was written between.
   std::string enter(std::string_view line);
   void resize(unsigned short columns);
-  void hang_up();
   /// Waits for the program's end; -1 where it does not end.
   int exit_code();
 

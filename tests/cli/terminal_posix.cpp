@@ -11,7 +11,6 @@
 #include <array>
 #include <chrono>
 #include <cstdlib>
-#include <thread>
 
 #include "cli/terminal.h"
 
@@ -60,7 +59,7 @@ Terminal::~Terminal() {
     ::kill(program_, SIGKILL);
     ::waitpid(program_, nullptr, 0);
   }
-  if (terminal_ >= 0) ::close(terminal_);
+  ::close(terminal_);
 }
 
 void Terminal::type(std::string_view keys) {
@@ -105,21 +104,15 @@ void Terminal::resize(unsigned short columns) {
   ::ioctl(terminal_, TIOCSWINSZ, &size);
 }
 
-void Terminal::hang_up() {
-  ::close(terminal_);
-  terminal_ = -1;
-}
-
 int Terminal::exit_code() {
   const auto end = std::chrono::steady_clock::now() + patience;
   while (std::chrono::steady_clock::now() < end) {
     int status = 0;
-    if (terminal_ >= 0) read_more();  // what it writes must go somewhere
+    read_more();  // what it writes must go somewhere
     if (::waitpid(program_, &status, WNOHANG) == program_) {
       program_ = 0;
       return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     }
-    if (terminal_ < 0) std::this_thread::sleep_for(std::chrono::milliseconds(20));
   }
   return -1;
 }

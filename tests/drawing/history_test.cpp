@@ -233,14 +233,14 @@ Drawing drawing_with_history() {
 
 TEST(Step, TellsWhatItDidAndHasAName) {
   Drawing drawing = drawing_with_history();
-  EXPECT_TRUE(drawing.end_step("nothing").empty());
+  EXPECT_FALSE(drawing.end_step("nothing"));
   EXPECT_FALSE(drawing.undo());
   const RecordId added = drawing.add(SpaceId::model, new_line(1));
-  const Changes first = drawing.end_step("first");
+  const Changes first = drawing.end_step("first").value();
   EXPECT_EQ(first.added, std::vector{drawing.record(added).handle});
   drawing.write(added, new_line(2));
   drawing.erase(drawing.find(0x2F));
-  const Changes second = drawing.end_step("second");
+  const Changes second = drawing.end_step("second").value();
   EXPECT_TRUE(second.added.empty());
   EXPECT_EQ(second.modified, std::vector{drawing.record(added).handle});
   EXPECT_EQ(second.erased, std::vector<Handle>{0x2F});
