@@ -47,6 +47,9 @@ TEST(Layers, OffAndFrozenOnesAreNotDrawn) {
   text.entities += line(5, 0, "8 Off");
   const drawing::Drawing drawing = text.read();
   EXPECT_TRUE(Scene(drawing, {}).extents(drawing::SpaceId::model).empty());
+  SettingOptions all;
+  all.all_layers = true;
+  EXPECT_EQ(painted(drawing, all).strokes.size(), 3u);
 }
 
 TEST(Linetypes, LayOutTheirDashesFromBothEndsAlike) {
