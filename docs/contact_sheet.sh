@@ -8,4 +8,4 @@ program=${VELMAR:-$(ls -t "$top"/build/*/src/cli/velmar | head -1)}
 mkdir -p "$top/docs/pictures"
 cd "$top/tests/corpus"
 mapfile -t drawings < <(find . -iname '*.dxf' ! -path './bad/*' -printf '%P\n' | LC_ALL=C sort)
-"$program" render "${drawings[@]}" --size 1800x1350 -o "$top/docs/pictures/corpus.png"
+"$program" render "${drawings[@]}" --size 1800x1350 --all-layers -o "$top/docs/pictures/corpus.png"

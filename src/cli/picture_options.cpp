@@ -81,6 +81,7 @@ void PictureOptions::add_to(CLI::App& command) {
   command.add_option("--margin", margin, "Around the drawing: pixels of a .png (10), else mm (5)");
   command.add_option("--background", background, "light or dark")
       ->check(CLI::IsMember({"light", "dark"}));
+  command.add_flag("--all-layers", all_layers, "Draw layers that are off or frozen too");
   command.add_flag("--lineweights", lineweights, "Draw lines as wide as they are plotted");
 }
 
@@ -104,6 +105,7 @@ render::SettingOptions PictureFile::settings() const {
   settings.background =
       options_.background == "dark" ? render::Background::dark : render::Background::light;
   settings.lineweights = options_.lineweights;
+  settings.all_layers = options_.all_layers;
   settings.hairline = format_ == render::Format::png ? 1 : 0.5;
   settings.units_per_inch = units_per_inch();
   return settings;

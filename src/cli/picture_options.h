@@ -18,7 +18,7 @@ namespace velmar::cli {
 struct PictureOptions {
   std::string output, size, scale, window, background = "light";
   std::optional<double> margin;
-  bool lineweights = false;
+  bool lineweights = false, all_layers = false;
 
   void add_to(CLI::App& command);
 };

@@ -42,6 +42,11 @@ void choose_size(const Window& shown, const FrameOptions& options, Frame& frame)
 }  // namespace
 
 Frame make_frame(const Window& shown, const FrameOptions& options) {
+  if (!std::isfinite(shown.width()) || !std::isfinite(shown.height())) {
+    throw drawing::Error(
+        "what is drawn has no finite size: say which --window to show, and look for points far "
+        "away with 'velmar info --check'");
+  }
   Frame frame;
   if (options.size) {
     frame.width = options.size->first;

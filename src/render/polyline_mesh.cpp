@@ -1,5 +1,6 @@
 #include "render/polyline_mesh.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "render/tag_reader.h"
@@ -46,7 +47,9 @@ Vertex read_vertex(const Drawing& drawing, RecordId id) {
     if (tag.code() == 10) vertex.place = tag.point();
     if (tag.code() == 70) vertex.flags = tag.integer();
     const bool is_corner = tag.code() >= 71 && tag.code() <= 74;
-    if (is_corner && tag.integer() != 0) vertex.corners.push_back(tag.integer());
+    constexpr std::int64_t most = 1'000'000'000;
+    const std::int64_t number = std::clamp(tag.integer(), -most, most);
+    if (is_corner && number != 0) vertex.corners.push_back(number);
   }
   return vertex;
 }

@@ -1,6 +1,7 @@
 #include "render/scene.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 
 #include "drawing/dimension/drawn_block.h"
@@ -79,8 +80,9 @@ bool Scene::takes_mark(RecordId id, Place& place) {
   const auto found = marks_->colors.find(id);
   if (found != marks_->colors.end()) place.mark = found->second;
   settings_.tint(place.mark ? *place.mark : marks_->rest);
-  const Kind kind = drawing_.record(id).kind;
-  const bool holds_others = kind == Kind::insert || kind == Kind::dimension;
+  constexpr std::array by_block{Kind::insert, Kind::dimension, Kind::arc_dimension,
+                                Kind::large_radial_dimension, Kind::acad_table};
+  const bool holds_others = std::ranges::count(by_block, drawing_.record(id).kind) > 0;
   return holds_others || place.mark.has_value() == (marks_->show == Marks::Show::marked);
 }
 
@@ -241,6 +243,25 @@ void Scene::draw_viewport(RecordId id, Place& place) {
   place.canvas.line(frame, settings_.look(setting, 1));
 }
 
+/// Not a reference on a layer that is off whose block has nothing on other layers.
+bool Scene::is_seen(RecordId id) const try {
+  const drawing::Record& record = drawing_.record(id);
+  if (record.kind != Kind::insert || settings_.shows(record.layer)) return true;
+  const drawing::Body body = drawing_.read_body(id);
+  const auto* const insert = std::get_if<drawing::Insert>(&body);
+  const auto block = insert != nullptr ? shown_block(drawing_, insert->block) : std::nullopt;
+  if (!block) return false;
+  Setting outer = settings_.outermost();
+  outer.layer = record.layer;
+  outer.in_block = true;
+  return std::ranges::any_of(drawing_.entities(*block), [&](RecordId inner) {
+    const bool shown = drawing_.record(inner).kind != Kind::attdef;
+    return shown && settings_.shows(settings_.layer_of(drawing_.record(inner), outer));
+  });
+} catch (const drawing::Error&) {
+  return false;  // told when it is drawn
+}
+
 drawing::Box Scene::extents(SpaceId space) {
   drawing::Box box;
   const Setting outermost = settings_.outermost();
@@ -252,7 +273,7 @@ drawing::Box Scene::extents(SpaceId space) {
       }
       continue;
     }
-    box.add(sizes_.entity_box(id));
+    if (is_seen(id)) box.add(sizes_.entity_box(id));
   }
   return box;
 }

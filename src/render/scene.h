@@ -70,6 +70,7 @@ class Scene {
   void draw_viewport(drawing::RecordId id, Place& place);
   bool is_hidden(const drawing::Record& record, const Setting& outer,
                  const std::vector<drawing::LayerId>* frozen) const;
+  bool is_seen(drawing::RecordId id) const;
   bool takes_mark(drawing::RecordId id, Place& place);
 
   const drawing::Drawing& drawing_;

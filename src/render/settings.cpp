@@ -53,11 +53,11 @@ Settings::Settings(const drawing::Drawing& drawing, const SettingOptions& option
     std::int32_t rgb = -1;
     if (layer.record != drawing::RecordId::none) {
       const std::string text = drawing.row_text(layer.record, true_color_code);
-      if (!text.empty()) rgb = std::atoi(text.c_str());
+      if (!text.empty()) rgb = static_cast<std::int32_t>(std::strtol(text.c_str(), nullptr, 10));
     }
-    layers_.push_back({color(std::abs(layer.color), rgb, own), pattern(layer.linetype),
-                       layer.lineweight >= 0 ? layer.lineweight : default_weight_,
-                       layer.name == "0"});
+    layers_.push_back(
+        {color(std::abs(std::max(layer.color, -by_layer)), rgb, own), pattern(layer.linetype),
+         layer.lineweight >= 0 ? layer.lineweight : default_weight_, layer.name == "0"});
   }
 }
 
@@ -125,12 +125,13 @@ Look Settings::look(const Setting& setting, double pattern_scale) const {
 }
 
 bool Settings::is_frozen(drawing::LayerId layer) const {
-  return index(layer) < drawing_.layers().size() && drawing_.layer(layer).frozen();
+  return !options_.all_layers && index(layer) < drawing_.layers().size() &&
+         drawing_.layer(layer).frozen();
 }
 
 bool Settings::shows(drawing::LayerId layer) const {
-  return !is_frozen(layer) &&
-         (index(layer) >= drawing_.layers().size() || drawing_.layer(layer).on());
+  return !is_frozen(layer) && (options_.all_layers || index(layer) >= drawing_.layers().size() ||
+                               drawing_.layer(layer).on());
 }
 
 }  // namespace velmar::render

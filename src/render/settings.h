@@ -28,6 +28,7 @@ struct Setting {
 struct SettingOptions {
   Background background = Background::light;
   bool lineweights = false;               // else all lines are hairlines
+  bool all_layers = false;                // those that are off or frozen too
   double hairline = 1;                    // in picture units
   double units_per_inch = 96;             // of the picture
   std::optional<Color> tint = {};         // of everything, in place of its own colour

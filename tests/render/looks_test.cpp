@@ -42,6 +42,14 @@ TEST(Layers, OffAndFrozenOnesAreNotDrawn) {
   // Of a reference on a layer that is off stays what is on other layers, of a frozen one nothing.
   text.entities = insert("B", "8 Off") + insert("B", "8 Frozen");
   EXPECT_THAT(colors(painted(text.read())), ElementsAre(green));
+  // What is not seen takes no room.
+  text.blocks = block("B", line(9, 0, "8 0"));
+  text.entities += line(5, 0, "8 Off");
+  const drawing::Drawing drawing = text.read();
+  EXPECT_TRUE(Scene(drawing, {}).extents(drawing::SpaceId::model).empty());
+  SettingOptions all;
+  all.all_layers = true;
+  EXPECT_EQ(painted(drawing, all).strokes.size(), 3u);
 }
 
 TEST(Linetypes, LayOutTheirDashesFromBothEndsAlike) {

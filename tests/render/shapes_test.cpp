@@ -200,6 +200,9 @@ TEST(Frames, FitOrKeepAScale) {
   EXPECT_EQ(scaled.place({300, 200, 0}), (Point{550, 475, 0}));
   EXPECT_THROW(make_frame(shown, {.size = std::pair(50.0, 50.0), .margin = 25}), drawing::Error);
   EXPECT_THROW(make_frame(shown, {.scale = 1e6}), drawing::Error);
+  shown.add({-1e308, 1e308, 0});
+  shown.add({1e308, 1e308, 0});
+  EXPECT_THROW(make_frame(shown, {}), drawing::Error);
 }
 
 }  // namespace
