@@ -1,14 +1,12 @@
 #include "drawing/erasing.h"
 
-#include <unordered_set>
-
+#include "drawing/dimension/drawn_kinds.h"
 #include "drawing/dxf/record_tags.h"
+#include "drawing/followers.h"
 #include "drawing/references.h"
 
 namespace velmar::drawing {
 namespace {
-
-using Handles = std::unordered_set<Handle>;
 
 bool is_live_object(const Store& store, RecordId id) {
   return id != RecordId::none && !store.at(id).is(Record::erased) &&
@@ -115,16 +113,19 @@ class Lists {
     });
     const Record& record = store_.at(erased);
     any_insert_ = any_insert_ || record.kind == Kind::insert;
+    any_dimension_ = any_dimension_ || shows_drawn_block(record.kind);
     any_object_ = any_object_ || (record.space == SpaceId::none && record.kind >= Kind::dictionary);
   }
 
-  /// Lists of what need not know of it: groups, drawing orders, dictionaries.
+  /// Lists of what need not know of it: groups, drawing orders, dictionaries, blocks and dimension
+  /// styles that name what shows them, and what follows the changes of others.
   void add_listing_kinds() {
     for (std::uint32_t i = 0; i < store_.records.size(); ++i) {
       const Kind kind = store_.records[i].kind;
       const bool lists = kind >= Kind::others && (store_.kind_name(kind) == "GROUP" ||
                                                   store_.kind_name(kind) == "SORTENTSTABLE");
       const bool listing = lists || (any_insert_ && kind == Kind::block_record) ||
+                           (any_dimension_ && kind == Kind::dimstyle) ||
                            (any_object_ && kind == Kind::dictionary);
       if (listing) ids_.insert(i);
     }
@@ -135,7 +136,7 @@ class Lists {
  private:
   const Store& store_;
   std::set<std::uint32_t> ids_;
-  bool any_insert_ = false, any_object_ = false;
+  bool any_insert_ = false, any_dimension_ = false, any_object_ = false;
 };
 
 }  // namespace
@@ -170,14 +171,21 @@ void settle_erased(Store& store) {
   if (store.unsettled.empty()) return;
   Handles gone;
   Lists lists(store);
-  for (std::size_t i = 0; i < store.unsettled.size(); ++i) {  // grows while it is gone through
-    const RecordId id = store.unsettled[i];
-    gone.insert(store.at(id).handle);
-    lists.add_named_by(id);
-    erase_owned(store, id);
+  while (!store.unsettled.empty()) {  // what is erased may take other things with it
+    std::unordered_set<std::uint32_t> dimensions;
+    for (std::size_t i = 0; i < store.unsettled.size(); ++i) {
+      const RecordId id = store.unsettled[i];
+      gone.insert(store.at(id).handle);
+      lists.add_named_by(id);
+      erase_owned(store, id);
+      if (shows_drawn_block(store.at(id).kind)) dimensions.insert(static_cast<std::uint32_t>(id));
+    }
+    gone.erase(0);
+    store.unsettled.clear();
+    erase_drawn_blocks(store, dimensions);
+    erase_associations(store, gone);
   }
-  gone.erase(0);
-  store.unsettled.clear();
+  detach_hatches(store, gone);
   lists.add_listing_kinds();
   for (const std::uint32_t number : lists.ids()) {
     const auto id = static_cast<RecordId>(number);

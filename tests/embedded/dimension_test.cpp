@@ -221,16 +221,46 @@ std::string two_of_one_block() {
   return text;
 }
 
-TEST(Dimension, OfAnotherKindIsMovedWithItsBlockWhichOthersKeep) {
+TEST(Dimension, OfAnotherKindIsDrawnAnewInABlockOfItsOwn) {
   const EntityScene scene(Drawing::read(two_of_one_block(), "radius.dxf"));
   EXPECT_TRUE(scene.get("30", Member::ObjectName) == Value("AcDbRadialDimension"));
   expect_value(scene.get("30", Member::Measurement), 5.0, "radius");
-  scene.call("30", Member::Rotate, at(0, 0), pi / 2);
-  expect_box(box_of(scene, scene.object("30")), {-1, 0, 0}, {1, 5, 0});
-  expect_box(box_of(scene, scene.object("31")), {0, -1, 0}, {5, 1, 0});
-  scene.call("30", Member::ScaleEntity, at(0, 0), 2.0);
+  scene.call("30", Member::Move, at(0, 0), at(0, 20));
+  EXPECT_EQ(drawn(scene, scene.object("30")), "LINE, SOLID, ") << "as the file has it";
+  scene.call("30", Member::ScaleEntity, at(0, 20), 2.0);
   expect_value(scene.get("30", Member::Measurement), 10.0, "radius");
-  expect_box(box_of(scene, scene.object("30")), {-2, 0, 0}, {2, 10, 0});
+  EXPECT_EQ(drawn(scene, scene.object("30")),
+            "LINE, LINE, LINE, SOLID, MTEXT R10.0000, POINT, POINT, ");
+  scene.put("30", Member::TextOverride, "<> typ.");
+  EXPECT_NE(drawn(scene, scene.object("30")).find("MTEXT R10.0000 typ.,"), std::string::npos);
+  scene.put("30", Member::TextPosition, at(0, 35));
+  const drawing::Dimension turned = body(scene, scene.object("30"));
+  EXPECT_LT(norm(turned.third - drawing::Point{0, 30, 0}), 1e-9) << "it points to its text";
+  expect_value(scene.get("30", Member::TextPosition), at(0, 35), "text");
+  expect_box(box_of(scene, scene.object("31")), {0, -1, 0}, {5, 1, 0});
+}
+
+/// Names of the blocks that the drawing has for dimensions.
+std::string drawn_blocks(const EntityScene& scene) {
+  std::string names;
+  for (const auto& space : scene.document->drawing.spaces()) {
+    if (space.name.starts_with("*D")) names += space.name + " ";
+  }
+  return names;
+}
+
+TEST(Dimension, TakesItsBlockWithItUnlessOthersShowIt) {
+  const EntityScene scene(Drawing::read(two_of_one_block(), "radius.dxf"));
+  scene.call("30", Member::Delete);
+  const EntityScene once = scene.saved();
+  EXPECT_EQ(drawn_blocks(once), "*D1 ");
+  expect_box(box_of(once, once.object("31")), {0, -1, 0}, {5, 1, 0});
+  once.call("31", Member::Delete);
+  EXPECT_EQ(once.document->drawing.changes().erased.size(), 1U) << "not what its block held";
+  const EntityScene twice = once.saved();
+  EXPECT_EQ(drawn_blocks(twice), "");
+  EXPECT_EQ(twice.bytes().find("*D1"), std::string::npos) << "block record, BLOCK and all";
+  EXPECT_TRUE(twice.document->drawing.broken_references().empty());
 }
 
 TEST(Dimension, AnEditOfOneLeavesTheBytesOfTheOthers) {
