@@ -113,30 +113,33 @@ class Lists {
     });
     const Record& record = store_.at(erased);
     any_insert_ = any_insert_ || record.kind == Kind::insert;
-    any_dimension_ = any_dimension_ || shows_drawn_block(record.kind);
     any_object_ = any_object_ || (record.space == SpaceId::none && record.kind >= Kind::dictionary);
   }
 
-  /// Lists of what need not know of it: groups, drawing orders, dictionaries, blocks and dimension
-  /// styles that name what shows them, and what follows the changes of others.
+  /// Lists of what need not know of it: groups, drawing orders, dictionaries, blocks that name
+  /// their references, and whatever has reactors.
   void add_listing_kinds() {
     for (std::uint32_t i = 0; i < store_.records.size(); ++i) {
       const Kind kind = store_.records[i].kind;
       const bool lists = kind >= Kind::others && (store_.kind_name(kind) == "GROUP" ||
                                                   store_.kind_name(kind) == "SORTENTSTABLE");
       const bool listing = lists || (any_insert_ && kind == Kind::block_record) ||
-                           (any_dimension_ && kind == Kind::dimstyle) ||
                            (any_object_ && kind == Kind::dictionary);
-      if (listing) ids_.insert(i);
+      if (listing || has_reactors(static_cast<RecordId>(i))) ids_.insert(i);
     }
   }
 
   const std::set<std::uint32_t>& ids() const { return ids_; }
 
  private:
+  bool has_reactors(RecordId id) const {
+    return !store_.at(id).is(Record::erased) &&
+           store_.bytes(id).find("{ACAD_REACTORS") != std::string_view::npos;
+  }
+
   const Store& store_;
   std::set<std::uint32_t> ids_;
-  bool any_insert_ = false, any_dimension_ = false, any_object_ = false;
+  bool any_insert_ = false, any_object_ = false;
 };
 
 }  // namespace
@@ -186,6 +189,7 @@ void settle_erased(Store& store) {
     erase_associations(store, gone);
   }
   detach_hatches(store, gone);
+  release_leaders(store, gone);
   lists.add_listing_kinds();
   for (const std::uint32_t number : lists.ids()) {
     const auto id = static_cast<RecordId>(number);

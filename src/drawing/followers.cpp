@@ -76,6 +76,16 @@ SpaceId shown_block(const Store& store, RecordId id) {
   return SpaceId::none;
 }
 
+/// What a leader leads to, or 0.
+Handle annotation_of(const Store& store, RecordId leader) {
+  constexpr int annotation_code = 340;
+  Handle annotation = 0;
+  each_reference(store.bytes(leader), store.format, [&](const dxf::Tag& tag, Handle named) {
+    if (tag.code == annotation_code) annotation = named;
+  });
+  return annotation;
+}
+
 bool is_drawn_block(const Space& space) {
   return space.name.starts_with("*D") || space.name.starts_with("*d");
 }
@@ -106,6 +116,23 @@ void detach_hatches(Store& store, const Handles& gone) {
     if (kind == Kind::hatch && names_any(store, id, gone)) followers.push_back(id);
   });
   for (const RecordId id : followers) detach_hatch(store, id, gone);
+}
+
+void release_leaders(Store& store, const Handles& gone) {
+  constexpr std::int32_t no_annotation = 3;
+  const std::string nothing = "0";
+  std::vector<RecordId> released;
+  each_live(store, [&](RecordId id, Kind kind) {
+    if (kind == Kind::leader && gone.contains(annotation_of(store, id))) released.push_back(id);
+  });
+  for (const RecordId id : released) {
+    const dxf::RecordTags record(store.bytes(id), store.format);
+    dxf::FieldWriter writer(record);
+    writer.subclass("AcDbLeader");
+    writer("AnnotationType", 73, no_annotation);
+    writer("Annotation", 340, nothing);
+    if (writer.changed()) store.patch(id, writer.result());
+  }
 }
 
 void erase_drawn_blocks(Store& store, const std::unordered_set<std::uint32_t>& dimensions) {

@@ -158,6 +158,18 @@ Value shifted(const Value& value) {
 Value enlarged(const Value& value) { return basic::convert<double>(value) * 1.25; }
 Value increased(const Value& value) { return basic::convert<double>(value) + 0.375; }
 
+/// That of a text which is not aligned to the left follows from its alignment point.
+Operation putting_insertion_point() {
+  Operation operation = putting(Member::InsertionPoint, shifted);
+  const auto put = operation.apply;
+  operation.apply = [=](host::Object& object, Done& done) {
+    const auto alignment = number_of(object, Member::Alignment);
+    if (alignment && *alignment != 0) throw basic::Failure(basic::no_such_member);
+    put(object, done);
+  };
+  return operation;
+}
+
 /// The whole stays as it was.
 Operation exploding() {
   return {"Explode",
@@ -181,6 +193,8 @@ std::vector<Operation> operations() {
                          "AcDb2LineAngularDimension", "AcDb3PointAngularDimension",
                          "AcDbRadialDimension",       "AcDbDiametricDimension",
                          "AcDbOrdinateDimension"};
+  Kinds upright = dimensions;  // lines of different lengths stay readable
+  upright.insert("AcDbMText");
   return {
       mapping(Member::Move, drawing::translation({12.5, -7.25, 2}), {}, at(0, 0),
               at(12.5, -7.25, 2)),
@@ -196,9 +210,9 @@ std::vector<Operation> operations() {
       putting(Member::Elevation, increased),
       putting(Member::TextPosition, shifted),
       putting(Member::Linetype, "Continuous", linetype_codes),
-      putting(Member::InsertionPoint, shifted),
+      putting_insertion_point(),
       putting(Member::StartPoint, shifted),
-      copying(Member::Mirror, drawing::reflection({1, 0, 0}, drawing::x_axis), dimensions, at(1, 0),
+      copying(Member::Mirror, drawing::reflection({1, 0, 0}, drawing::x_axis), upright, at(1, 0),
               at(1, 5)),
       putting(Member::Radius, enlarged),
       putting(Member::Center, shifted),
@@ -357,7 +371,8 @@ class Round {
     const bool is_part = drawing.record(id).is(drawing::Record::part);
     const RecordId whole = is_part ? drawing.whole(id) : id;
     if (changed_.contains(drawing.record(whole).handle)) return true;
-    if (record.kind == "HATCH") {  // of what was erased it follows nothing any more
+    if (record.kind == "LEADER") return true;  // its note may be gone
+    if (record.kind == "HATCH") {              // of what was erased it follows nothing any more
       return std::get<drawing::Hatch>(drawing.read_body(id)).associative == 0;
     }
     const auto space = drawing.record(id).space;

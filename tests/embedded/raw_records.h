@@ -28,7 +28,7 @@ inline std::vector<RawRecord> raw_records(const drawing::Drawing& drawing) {
       record.kind = drawing.kind_name(id);
       record.handle = drawing.record(id).handle;
       for (const drawing::TagValue& tag : drawing.tags(id)) {
-        record.bytes += std::to_string(tag.code) + " ";
+        record.bytes += std::to_string(tag.code) + "\n";
         std::visit(
             [&]<class T>(const T& value) {
               if constexpr (std::is_same_v<T, std::string>) {
@@ -38,6 +38,7 @@ inline std::vector<RawRecord> raw_records(const drawing::Drawing& drawing) {
               }
             },
             tag.value);
+        record.bytes += "\n";
       }
     }
     return records;
