@@ -1,13 +1,9 @@
-#include <cmath>
+#include <algorithm>
 #include <filesystem>
-#include <functional>
 #include <map>
-#include <numbers>
-#include <optional>
 #include <set>
 
-#include "drawing/geometry/matrix.h"
-#include "embedded/entity_scene.h"
+#include "embedded/corpus_operations.h"
 #include "embedded/raw_records.h"
 
 // Every operation on entities of every kind in every sound drawing of the corpus
@@ -16,214 +12,11 @@
 namespace velmar::embedded {
 namespace {
 
-using drawing::Box;
 using drawing::Drawing;
-using drawing::Matrix;
 using drawing::RecordId;
 using Kinds = std::set<std::string>;
 
 constexpr std::int32_t on_locked_layer = -2145386413, no_such_member = 438, not_supported = 445;
-
-/// What is compared of an entity before and after.
-struct Look {
-  std::optional<Box> box;
-  std::optional<double> area, length;
-};
-
-std::optional<Value> value_of(host::Object& object, Member member) {
-  try {
-    return object.get(member);
-  } catch (const basic::Failure&) {
-    return std::nullopt;
-  }
-}
-
-std::optional<double> number_of(host::Object& object, Member member) {
-  const auto value = value_of(object, member);
-  return value ? std::optional(basic::convert<double>(*value)) : std::nullopt;
-}
-
-std::optional<Box> box_of(host::Object& object) {
-  std::vector<Value> corners(2);
-  if (failure_of([&] { object.call(Member::GetBoundingBox, corners); }) != 0) return std::nullopt;
-  Box box;
-  for (const Value& corner : corners) {
-    const auto& numbers = *corner.if_is<basic::Doubles>();
-    box.add(Point{numbers.at(0), numbers.at(1), numbers.at(2)});
-  }
-  return box;
-}
-
-Look look_of(host::Object& object) {
-  return {box_of(object), number_of(object, Member::Area), number_of(object, Member::Length)};
-}
-
-std::string text_of(host::Object& object, Member member) {
-  return basic::convert<std::string>(object.get(member));
-}
-
-using Object = std::shared_ptr<host::Object>;
-
-/// What was done, for the time when the drawing is read again.
-struct Done {
-  Look before;
-  Object object;      // what to look at: the entity itself or a copy
-  Value wanted = {};  // of the member that was put
-};
-
-struct Operation {
-  std::string name;
-  /// Fails where the kind does not allow it.
-  std::function<void(host::Object&, Done&)> apply;
-  std::function<void(const Done&, host::Object& saved)> verify;
-  std::set<int> codes = {};  // the group codes that may differ; empty: any
-};
-
-bool is_near(double a, double b, double size) { return std::abs(a - b) <= 1e-7 * (1 + size); }
-
-std::string text(const Box& box) {
-  std::ostringstream out;
-  out << box.min.x << "," << box.min.y << "," << box.min.z << " " << box.max.x << "," << box.max.y
-      << "," << box.max.z;
-  return out.str();
-}
-
-void expect_mapped(const Done& done, host::Object& after, const Matrix& map, const Kinds& redrawn) {
-  const Look now = look_of(after);
-  const auto& before = done.before;
-  const bool is_redrawn = redrawn.contains(text_of(after, Member::ObjectName));
-  EXPECT_TRUE(is_redrawn || now.box.has_value() == before.box.has_value());
-  if (now.box && before.box && !is_redrawn) {
-    Box image;
-    image.add(map(before.box->min));
-    image.add(map(before.box->max));
-    const double away = norm(now.box->min - image.min) + norm(now.box->max - image.max);
-    EXPECT_TRUE(is_near(away, 0, norm(image.min) + norm(image.max)))
-        << text(*now.box) << " in place of " << text(image);
-  }
-  const auto expect_grown = [](std::optional<double> was, std::optional<double> is, double by) {
-    EXPECT_EQ(was.has_value(), is.has_value());
-    const bool is_right = !was || !is || is_near(*is, *was * by, *was * by);
-    EXPECT_TRUE(is_right) << *was << " became " << *is;
-  };
-  const double factor = norm(map.x);
-  expect_grown(before.area, now.area, factor * factor);
-  expect_grown(before.length, now.length, factor);
-}
-
-/// A method that maps the entity. Boxes of `redrawn` kinds are left alone.
-template <class... Arguments>
-Operation mapping(Member member, Matrix map, Kinds redrawn, Arguments... arguments) {
-  return {std::string(host::spelling(member)),
-          [=](host::Object& object, Done&) { EntityScene::call_on(object, member, arguments...); },
-          [=](const Done& done, host::Object& saved) { expect_mapped(done, saved, map, redrawn); }};
-}
-
-/// One that gives a new entity.
-template <class... Arguments>
-Operation copying(Member member, Matrix map, Kinds redrawn, Arguments... arguments) {
-  Operation operation = mapping(member, map, std::move(redrawn), arguments...);
-  operation.apply = [=](host::Object& object, Done& done) {
-    done.object = EntityScene::as_object(EntityScene::call_on(object, member, arguments...));
-  };
-  return operation;
-}
-
-/// `change` gives the value to put from the one that is there.
-Operation putting(Member member, std::function<Value(const Value&)> change,
-                  std::set<int> codes = {}) {
-  return {"put of " + std::string(host::spelling(member)),
-          [=](host::Object& object, Done& done) {
-            done.wanted = change(object.get(member));
-            object.put(member, done.wanted);
-          },
-          [=](const Done& done, host::Object& saved) {
-            expect_value(saved.get(member), done.wanted, "read again");
-          },
-          std::move(codes)};
-}
-
-Operation putting(Member member, const Value& value, std::set<int> codes = {}) {
-  return putting(
-      member, [=](const Value&) { return value; }, std::move(codes));
-}
-
-Value shifted(const Value& value) {
-  basic::Doubles numbers = *value.if_is<basic::Doubles>();
-  numbers.at(0) += 1.5;
-  numbers.at(1) -= 2.25;
-  return numbers;
-}
-
-Value enlarged(const Value& value) { return basic::convert<double>(value) * 1.25; }
-Value increased(const Value& value) { return basic::convert<double>(value) + 0.375; }
-
-/// That of a text which is not aligned to the left follows from its alignment point.
-Operation putting_insertion_point() {
-  Operation operation = putting(Member::InsertionPoint, shifted);
-  const auto put = operation.apply;
-  operation.apply = [=](host::Object& object, Done& done) {
-    const auto alignment = number_of(object, Member::Alignment);
-    if (alignment && *alignment != 0) throw basic::Failure(basic::no_such_member);
-    put(object, done);
-  };
-  return operation;
-}
-
-/// The whole stays as it was.
-Operation exploding() {
-  return {"Explode",
-          [](host::Object& object, Done&) { EntityScene::call_on(object, Member::Explode); },
-          [](const Done& done, host::Object& saved) { expect_mapped(done, saved, {}, {}); }};
-}
-
-Operation deleting() {
-  return {"Delete",
-          [](host::Object& object, Done&) { EntityScene::call_on(object, Member::Delete); },
-          [](const Done&, host::Object&) { ADD_FAILURE() << "is still there"; }};
-}
-
-const std::set<int> color_codes{62, 420, 430}, layer_codes{8}, linetype_codes{6}, scale_codes{48},
-    visible_codes{60};
-
-std::vector<Operation> operations() {
-  const Point base{3, 4, 0};
-  // Drawn anew with upright texts, or with texts of another size.
-  const Kinds dimensions{"AcDbAlignedDimension",      "AcDbRotatedDimension",
-                         "AcDb2LineAngularDimension", "AcDb3PointAngularDimension",
-                         "AcDbRadialDimension",       "AcDbDiametricDimension",
-                         "AcDbOrdinateDimension"};
-  Kinds upright = dimensions;  // lines of different lengths stay readable
-  upright.insert("AcDbMText");
-  return {
-      mapping(Member::Move, drawing::translation({12.5, -7.25, 2}), {}, at(0, 0),
-              at(12.5, -7.25, 2)),
-      putting(Member::Color, 3, color_codes),
-      mapping(Member::Rotate, drawing::rotation(base, drawing::z_axis, std::numbers::pi / 2),
-              dimensions, at(3, 4), std::numbers::pi / 2),
-      putting(Member::TextString, "Door 7"),
-      putting(Member::Layer, "0", layer_codes),
-      mapping(Member::ScaleEntity, drawing::scaling(base, 2), dimensions, at(3, 4), 2.0),
-      putting(Member::Coordinates, shifted),
-      putting(Member::Height, enlarged),
-      copying(Member::Copy, Matrix{}, {}),
-      putting(Member::Elevation, increased),
-      putting(Member::TextPosition, shifted),
-      putting(Member::Linetype, "Continuous", linetype_codes),
-      putting_insertion_point(),
-      putting(Member::StartPoint, shifted),
-      copying(Member::Mirror, drawing::reflection({1, 0, 0}, drawing::x_axis), upright, at(1, 0),
-              at(1, 5)),
-      putting(Member::Radius, enlarged),
-      putting(Member::Center, shifted),
-      putting(Member::LinetypeScale, 2.5, scale_codes),
-      putting(Member::TextOverride, "<> typ."),
-      putting(Member::Rotation, increased),
-      putting(Member::Visible, false, visible_codes),
-      exploding(),
-      deleting(),
-  };
-}
 
 std::vector<std::filesystem::path> sound_drawings() {
   std::vector<std::filesystem::path> found;
@@ -286,7 +79,7 @@ class Round {
   }
 
   bool apply(const Operation& operation, const std::shared_ptr<EntityObject>& object) {
-    Done done{look_of(*object), object};
+    Done done{look_of(*object), object, scene_.document->drawing.tags(object->id())};
     const std::string handle = text_of(*object, Member::Handle),
                       kind = text_of(*object, Member::ObjectName);
     try {
@@ -321,9 +114,26 @@ class Round {
       const auto& entity = dynamic_cast<EntityObject&>(*done.object);
       const RecordId id = again(entity.id(), drawing);
       SCOPED_TRACE(what(*operation, drawing::handle_text(entity.record().handle)));
-      if (id != RecordId::none) operation->verify(done, *make_entity(saved.document, id));
+      if (id == RecordId::none) continue;
+      operation->verify(done, *make_entity(saved.document, id));
+      expect_same_but(*operation, done.tags, drawing.tags(id));
     }
     expect_others_unchanged(drawing);
+  }
+
+  static void expect_same_but(const Operation& operation, std::vector<drawing::TagValue> before,
+                              const std::vector<drawing::TagValue>& after) {
+    for (const drawing::TagValue& tag : after) {
+      const auto same = std::ranges::find(before, tag);
+      if (same != before.end()) {
+        before.erase(same);
+      } else {
+        EXPECT_TRUE(operation.may_differ(tag)) << "has another tag of code " << tag.code;
+      }
+    }
+    for (const drawing::TagValue& tag : before) {
+      EXPECT_TRUE(operation.may_differ(tag)) << "lost a tag of code " << tag.code;
+    }
   }
 
   /// The entity in the drawing as it was saved: files of R12 need not keep handles. None where it

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <numbers>
 
 #include "drawing/extents.h"
@@ -261,6 +262,43 @@ TEST(Dimension, TakesItsBlockWithItUnlessOthersShowIt) {
   EXPECT_EQ(drawn_blocks(twice), "");
   EXPECT_EQ(twice.bytes().find("*D1"), std::string::npos) << "block record, BLOCK and all";
   EXPECT_TRUE(twice.document->drawing.broken_references().empty());
+}
+
+/// A copy of a drawing that nobody here wrote (tests/corpus/README.md).
+EntityScene corpus_scene(const std::string& file) {
+  return EntityScene(Drawing::open(std::filesystem::path(VELMAR_CORPUS) / file));
+}
+
+TEST(Dimension, IsTiedNoMoreToAnEntityThatIsErased) {
+  const EntityScene scene = corpus_scene("netdxf/sample.dxf");
+  const std::size_t faults = scene.document->drawing.broken_references().size();
+  scene.call("AAF", Member::Delete);
+  const EntityScene saved = scene.saved();
+  EXPECT_EQ(saved.document->drawing.find(0xAC3), RecordId::none) << "its association";
+  EXPECT_NE(saved.document->drawing.find(0xAD3), RecordId::none) << "that of another";
+  expect_value(saved.get("AB2", Member::Measurement), 20.00000000000014, "it stays");
+  EXPECT_EQ(saved.bytes().find("\n330\nAC3\n"), std::string::npos) << "nor is it named";
+  EXPECT_LE(saved.document->drawing.broken_references().size(), faults);
+}
+
+TEST(Leader, LeadsToNothingOnceItsNoteIsErased) {
+  const EntityScene scene = corpus_scene("acadsharp/sample_AC1015_ascii.dxf");
+  RecordId leader = RecordId::none;
+  const Drawing& drawing = scene.document->drawing;
+  for (const RecordId id : drawing.entities(drawing::SpaceId::model)) {
+    const bool leads_there = drawing.record(id).kind == drawing::Kind::leader &&
+                             drawing.row_text(id, 340) == "513";
+    if (leads_there) leader = id;
+  }
+  ASSERT_NE(leader, RecordId::none);
+  const std::string handle = drawing::handle_text(drawing.record(leader).handle);
+  scene.call("513", Member::Delete);
+  const EntityScene saved = scene.saved();
+  const RecordId again = saved.document->drawing.find(drawing::parse_handle(handle));
+  EXPECT_EQ(saved.document->drawing.row_text(again, 340), "0");
+  EXPECT_EQ(saved.document->drawing.row_text(again, 73).back(), '3') << "without a note";
+  EXPECT_EQ(saved.document->drawing.broken_references().size(),
+            drawing.broken_references().size());
 }
 
 TEST(Dimension, AnEditOfOneLeavesTheBytesOfTheOthers) {

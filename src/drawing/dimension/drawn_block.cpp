@@ -153,7 +153,7 @@ void draw(Drawing& drawing, RecordId id) {
   if (dimension.is_linear()) {
     dimension.definition = ocs_to_world(dimension.normal)(layout.definition);
   }
-  dimension.text_position = layout.text_middle;
+  if (!dimension.has_user_text_place()) dimension.text_position = layout.text_middle;
   dimension.block_offset = {};
   drawing.write_body(id, dimension);
   update_measured(drawing, id);

@@ -65,6 +65,10 @@ class RoundLayouter {
       layout_.text_middle = dimension_.text_position;
       is_text_inside_ = norm(layout_.text_middle - center_) <= radius_;
       layout_.text_angle = text_angle(is_text_inside_);
+      // Within a diameter the file gives the place on the line, over which the text stands.
+      if (is_text_inside_ && is_diameter_) {
+        layout_.text_middle = layout_.text_middle + up() * lift();
+      }
       return;
     }
     is_text_inside_ = v_.text_inside != 0;
