@@ -18,6 +18,7 @@ class NameCheck {
       if (row.table == "DIMSTYLE") dimension_styles_.insert(folded_name(row.name));
       if (row.table == "APPID") applications_.insert(folded_name(row.name));
     }
+    layers_.insert("0");  // is there without being defined
     for (const Layer& layer : store.layers) {
       const bool is_row =
           layer.record != RecordId::none && !store.at(layer.record).is(Record::erased);

@@ -7,66 +7,12 @@
 #include "drawing/dxf/reactors.h"
 #include "drawing/dxf/record_edit.h"
 #include "drawing/erasing.h"
+#include "drawing/kind_bodies.h"
 #include "drawing/store.h"
 #include "drawing/tolerance_style.h"
 
 namespace velmar::drawing {
 namespace {
-
-Body empty_body(Kind kind) {
-  switch (kind) {
-    case Kind::line:
-      return Line{};
-    case Kind::arc:
-      return Arc{};
-    case Kind::circle:
-      return Circle{};
-    case Kind::ellipse:
-      return Ellipse{};
-    case Kind::lwpolyline:
-      return LwPolyline{};
-    case Kind::polyline:
-      return Polyline{};
-    case Kind::text:
-      return Text{};
-    case Kind::attrib:
-      return Attrib{};
-    case Kind::attdef:
-      return Attdef{};
-    case Kind::insert:
-      return Insert{};
-    case Kind::point:
-      return PointMark{};
-    case Kind::mtext:
-      return MText{};
-    case Kind::tolerance:
-      return Tolerance{};
-    case Kind::hatch:
-      return Hatch{};
-    case Kind::solid:
-      return Solid{};
-    case Kind::trace:
-      return Trace{};
-    case Kind::face3d:
-      return Face{};
-    case Kind::spline:
-      return Spline{};
-    case Kind::leader:
-      return Leader{};
-    case Kind::ray:
-      return Ray{};
-    case Kind::xline:
-      return Xline{};
-    case Kind::ole2frame:
-      return OleFrame{};
-    case Kind::dimension:
-      return Dimension{};
-    case Kind::region:
-      return Region{};
-    default:
-      return Opaque{};
-  }
-}
 
 void refuse_problem(const Store& store, RecordId id, const std::optional<dxf::Problem>& problem) {
   if (problem) throw Error(store.where(id, problem->offset) + ": " + problem->text);
@@ -101,13 +47,16 @@ std::optional<std::optional<std::string>> text_in_subclass(const Store& store, R
   if (!is_inside) return std::nullopt;
   return std::optional<std::string>();
 }
+/// Whether a record is one that was just begun, which gets all its subclass markers, or one that
+/// has what it needs.
+enum class State { begun, complete };
 
 /// Brings a record to the values of the lists; false if they are the same.
 template <class... Lists>
-bool write_record(Store& store, RecordId id, const Lists&... lists) {
+bool write_record(Store& store, RecordId id, State state, const Lists&... lists) {
   const std::string_view before = store.bytes(id);
   const dxf::RecordTags record(before, store.format);
-  dxf::FieldWriter writer(record, store.at(id).is(Record::added));
+  dxf::FieldWriter writer(record, state == State::begun);
   (fields(writer, const_cast<Lists&>(lists)), ...);
   if (!writer.changed()) return false;
   std::string bytes = writer.result();
@@ -136,47 +85,6 @@ std::optional<Handle> owner_of(const Store& store, SpaceId space) {
 
 bool is_paper(const Store& store, SpaceId space) {
   return space != SpaceId::model && store.spaces.at(index(space)).is_layout;
-}
-
-struct NewRecord {
-  std::string_view kind;
-  // Subclasses that the field list does not name, or not by one name.
-  std::string_view marker = {}, second_marker = {};
-};
-
-NewRecord new_record(const Body& body) {
-  struct Names {
-    NewRecord operator()(const Opaque&) const { return {}; }
-    NewRecord operator()(const Line&) const { return {"LINE"}; }
-    NewRecord operator()(const Arc&) const { return {"ARC"}; }
-    NewRecord operator()(const Circle&) const { return {"CIRCLE"}; }
-    NewRecord operator()(const Ellipse&) const { return {"ELLIPSE"}; }
-    NewRecord operator()(const LwPolyline&) const { return {"LWPOLYLINE"}; }
-    NewRecord operator()(const Polyline& polyline) const {
-      return {"POLYLINE", polyline.is_2d() ? "AcDb2dPolyline" : "AcDb3dPolyline"};
-    }
-    NewRecord operator()(const Text&) const { return {"TEXT"}; }
-    NewRecord operator()(const PointMark&) const { return {"POINT"}; }
-    NewRecord operator()(const Hatch&) const { return {"HATCH"}; }
-    NewRecord operator()(const Solid&) const { return {"SOLID"}; }
-    NewRecord operator()(const Trace&) const { return {"TRACE"}; }
-    NewRecord operator()(const Face&) const { return {"3DFACE"}; }
-    NewRecord operator()(const Spline&) const { return {"SPLINE"}; }
-    NewRecord operator()(const Leader&) const { return {"LEADER"}; }
-    NewRecord operator()(const Ray&) const { return {"RAY"}; }
-    NewRecord operator()(const Xline&) const { return {"XLINE"}; }
-    NewRecord operator()(const Region&) const { return {}; }  // never made here
-    NewRecord operator()(const OleFrame&) const { return {"OLE2FRAME"}; }
-    NewRecord operator()(const Dimension&) const { return {"DIMENSION"}; }
-    NewRecord operator()(const Attrib&) const { return {"ATTRIB"}; }
-    NewRecord operator()(const Attdef&) const { return {"ATTDEF"}; }
-    NewRecord operator()(const MText&) const { return {"MTEXT"}; }
-    NewRecord operator()(const Tolerance&) const { return {"TOLERANCE"}; }
-    NewRecord operator()(const Insert& insert) const {
-      return {"INSERT", insert.is_array() ? "AcDbMInsertBlock" : "AcDbBlockReference"};
-    }
-  };
-  return std::visit(Names{}, body);
 }
 
 /// Where a new record goes, and what it says of that.
@@ -234,7 +142,7 @@ RecordId add_record(Store& store, const Place& place, const NewRecord& names, co
   store.added_since_save.insert(static_cast<std::uint32_t>(id));
   store.patches[static_cast<std::uint32_t>(id)] =
       new_bytes(store, names, handle, place, common.layer);
-  write_record(store, id, common, fields_of);
+  write_record(store, id, State::begun, common, fields_of);
   follow_common(store, id, common);
   // A part is no entity of its own in what is told of changes.
   if (record.is(Record::part)) store.added_since_save.erase(static_cast<std::uint32_t>(id));
@@ -263,7 +171,7 @@ void add_seqend(Store& store, const Place& place, const Common& common) {
 void write_vertices(Store& store, RecordId id, const std::vector<RecordId>& parts,
                     const Polyline& polyline) {
   for (std::size_t i = 0; i < std::min(parts.size(), polyline.vertices.size()); ++i) {
-    write_record(store, parts[i], polyline.vertices[i]);
+    write_record(store, parts[i], State::complete, polyline.vertices[i]);
   }
   for (std::size_t i = polyline.vertices.size(); i < parts.size(); ++i) {
     store.patch(parts[i], std::string(store.bytes(parts[i])));
@@ -363,7 +271,7 @@ void Drawing::write(RecordId id, const Entity& entity) {
 }
 
 void Drawing::write_common(RecordId id, const Common& common) {
-  write_record(*store_, id, common);
+  write_record(*store_, id, State::complete, common);
   follow_common(*store_, id, common);
 }
 
@@ -371,7 +279,7 @@ void Drawing::write_body(RecordId id, const Body& body) {
   if (body.index() != empty_body(store_->at(id).kind).index()) {
     throw Error(store_->where(id, 0) + ": cannot become an entity of another kind");
   }
-  std::visit([&](const auto& shape) { write_record(*store_, id, shape); }, body);
+  std::visit([&](const auto& shape) { write_record(*store_, id, State::complete, shape); }, body);
   if (const auto* polyline = std::get_if<Polyline>(&body)) {
     write_vertices(*store_, id, parts(id), *polyline);
   }

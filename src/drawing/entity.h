@@ -44,4 +44,9 @@ struct Entity {
   Body body;
 };
 
+/// Whether `transform` does what it says: not of kinds that are kept whole without being
+/// understood, of frames that would turn, of models whose placement is in no known form.
+bool can_transform(const Body& body, const Matrix& matrix);
+void transform(Body& body, const Matrix& matrix);
+
 }  // namespace velmar::drawing

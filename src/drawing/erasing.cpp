@@ -1,14 +1,12 @@
 #include "drawing/erasing.h"
 
-#include <unordered_set>
-
+#include "drawing/dimension/drawn_kinds.h"
 #include "drawing/dxf/record_tags.h"
+#include "drawing/followers.h"
 #include "drawing/references.h"
 
 namespace velmar::drawing {
 namespace {
-
-using Handles = std::unordered_set<Handle>;
 
 bool is_live_object(const Store& store, RecordId id) {
   return id != RecordId::none && !store.at(id).is(Record::erased) &&
@@ -118,7 +116,8 @@ class Lists {
     any_object_ = any_object_ || (record.space == SpaceId::none && record.kind >= Kind::dictionary);
   }
 
-  /// Lists of what need not know of it: groups, drawing orders, dictionaries.
+  /// Lists of what need not know of it: groups, drawing orders, dictionaries, blocks that name
+  /// their references, and whatever has reactors.
   void add_listing_kinds() {
     for (std::uint32_t i = 0; i < store_.records.size(); ++i) {
       const Kind kind = store_.records[i].kind;
@@ -126,13 +125,18 @@ class Lists {
                                                   store_.kind_name(kind) == "SORTENTSTABLE");
       const bool listing = lists || (any_insert_ && kind == Kind::block_record) ||
                            (any_object_ && kind == Kind::dictionary);
-      if (listing) ids_.insert(i);
+      if (listing || has_reactors(static_cast<RecordId>(i))) ids_.insert(i);
     }
   }
 
   const std::set<std::uint32_t>& ids() const { return ids_; }
 
  private:
+  bool has_reactors(RecordId id) const {
+    return !store_.at(id).is(Record::erased) &&
+           store_.bytes(id).find("{ACAD_REACTORS") != std::string_view::npos;
+  }
+
   const Store& store_;
   std::set<std::uint32_t> ids_;
   bool any_insert_ = false, any_object_ = false;
@@ -171,14 +175,22 @@ void settle_erased(Store& store) {
   if (store.unsettled.empty()) return;
   Handles gone;
   Lists lists(store);
-  for (std::size_t i = 0; i < store.unsettled.size(); ++i) {  // grows while it is gone through
-    const RecordId id = store.unsettled[i];
-    gone.insert(store.at(id).handle);
-    lists.add_named_by(id);
-    erase_owned(store, id);
+  while (!store.unsettled.empty()) {  // what is erased may take other things with it
+    std::unordered_set<std::uint32_t> dimensions;
+    for (std::size_t i = 0; i < store.unsettled.size(); ++i) {
+      const RecordId id = store.unsettled[i];
+      gone.insert(store.at(id).handle);
+      lists.add_named_by(id);
+      erase_owned(store, id);
+      if (shows_drawn_block(store.at(id).kind)) dimensions.insert(static_cast<std::uint32_t>(id));
+    }
+    gone.erase(0);
+    store.unsettled.clear();
+    erase_drawn_blocks(store, dimensions);
+    erase_associations(store, gone);
   }
-  gone.erase(0);
-  store.unsettled.clear();
+  detach_hatches(store, gone);
+  release_leaders(store, gone);
   lists.add_listing_kinds();
   for (const std::uint32_t number : lists.ids()) {
     const auto id = static_cast<RecordId>(number);

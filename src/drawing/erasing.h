@@ -8,9 +8,10 @@ namespace velmar::drawing {
 void mark_erased(Store& store, RecordId id);
 /// An entity with its parts; told among the changes.
 void erase_entity(Store& store, RecordId id);
-/// Erases what erased records own (extension dictionaries and what is in them) and takes erased
-/// records out of the lists of others: groups, drawing order, reactors, dictionaries, references of
-/// a block, the dimension styles of their table. Linear in what was erased, once for all of it.
+/// Erases what erased records own (extension dictionaries and what is in them) and what is there
+/// for their sake alone (see followers.h), and takes erased records out of the lists of others:
+/// groups, drawing order, reactors, dictionaries, references of a block, the dimension styles of
+/// their table. Linear in the drawing, once for all that was erased.
 void settle_erased(Store& store);
 
 }  // namespace velmar::drawing

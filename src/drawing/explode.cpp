@@ -88,9 +88,8 @@ Bodies images_of(const Opaque& opaque, const Matrix& matrix) {
   return only_moves(matrix) && matrix({}) == Point{} ? Bodies{opaque} : Bodies{};
 }
 
-/// Its shape is read, but not written.
 Bodies images_of(const Region& region, const Matrix& matrix) {
-  return only_moves(matrix) && matrix({}) == Point{} ? Bodies{region} : Bodies{};
+  return can_transform(region, matrix) ? moved(region, matrix) : Bodies{};
 }
 
 /// A frame cannot turn.

@@ -1,6 +1,7 @@
 #include <set>
 
 #include "drawing/drawing.h"
+#include "drawing/dxf/chunk.h"
 #include "drawing/dxf/field_writer.h"
 #include "drawing/dxf/record_tags.h"
 #include "drawing/store.h"
@@ -14,8 +15,6 @@ constexpr int application_code = 1001;
 std::string value_text(const dxf::RecordTags& record, const dxf::Tag& tag) {
   const dxf::Format& format = record.format();
   if (!format.binary) return dxf::text_value(record.bytes(), tag, format);
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string text;
   switch (dxf::value_kind(tag.code)) {
     case dxf::ValueKind::text:
       return dxf::text_value(record.bytes(), tag, format);
@@ -23,11 +22,7 @@ std::string value_text(const dxf::RecordTags& record, const dxf::Tag& tag) {
       return dxf::real_bytes(dxf::real_value(record.bytes(), tag, format).value_or(0),
                              dxf::Format{});
     case dxf::ValueKind::chunk:
-      for (const char c : record.text(tag)) {
-        text += digits[static_cast<unsigned char>(c) >> 4];
-        text += digits[static_cast<unsigned char>(c) & 15];
-      }
-      return text;
+      return dxf::hexadecimal_text(record.text(tag));
     default:
       return std::to_string(dxf::integer_value(record.bytes(), tag, format).value_or(0));
   }
@@ -50,10 +45,9 @@ void append_value(std::string& out, int code, const std::string& text, const dxf
                                format);
   }
   dxf::append_code(out, code, format);
-  out += static_cast<char>(text.size() / 2);
-  for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
-    out += static_cast<char>(parse_handle(text.substr(i, 2)));
-  }
+  const std::string data = dxf::hexadecimal_data(text);
+  out += static_cast<char>(data.size());
+  out += data;
 }
 
 /// Other programs refuse extended data of an application that the APPID table does not list.

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "embedded/document_state.h"
-#include "embedded/plain_object.h"
+#include <string>
+#include <vector>
+
+#include "embedded/named_collection.h"
 
 namespace velmar::embedded {
 
@@ -24,21 +26,14 @@ class DimStyleObject final : public PlainObject {
 
 /// The dimension styles of a drawing in the order of its table. Add of a name that is there gives
 /// that style; a new one is a copy of the first.
-class DimStylesObject final : public PlainObject {
- public:
-  explicit DimStylesObject(DocumentPointer document) : document_(std::move(document)) {}
-
-  Value get(Member member) override;
-  Value call(Member member, std::span<Value> values) override;
-  std::unique_ptr<host::Enumerator> enumerate() override;
-
- private:
-  std::vector<std::string> names() const;
-  Value style(std::string name) const;
-  Value item(std::span<Value> values) const;
-  Value add(std::span<Value> values);
-
-  DocumentPointer document_;
+struct DimStyleRows {
+  using Id = std::string;  // the name
+  static std::vector<Id> ids(const drawing::Drawing& drawing) { return drawing.table("DIMSTYLE"); }
+  static bool exists(const drawing::Drawing& drawing, const Id& name);
+  static Value object(const DocumentPointer& document, const Id& name);
+  static Id named(const drawing::Drawing& drawing, const std::string& name);
+  static Id add(drawing::Drawing& drawing, const std::string& name);
 };
+using DimStylesObject = NamedCollection<DimStyleRows>;
 
 }  // namespace velmar::embedded

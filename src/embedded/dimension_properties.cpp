@@ -34,24 +34,9 @@ Value get_text_position(const EntityObject& entity) {
   return to_value(drawing::ocs_to_world(body(entity).normal)(body(entity).text_position));
 }
 
-/// Unless the text moves alone, the dimension line goes with it, as far as it is beside the line.
 void put_text_position(EntityObject& entity, const Value& value) {
-  constexpr std::int32_t line_moves_with_text = 0;
-  const Point wanted = to_point(value, "TextPosition", Member::TextPosition);
-  const auto variables = variables_of(entity.drawing(), entity.id());
-  const bool is_linear = body(entity).is_linear();
-  const Point now = is_linear ? linear_layout(entity.drawing(), entity.id()).text_middle
-                              : body(entity).text_position;
-  change(entity, [&](Dimension& it) {
-    const Point place = drawing::world_to_ocs(it.normal)(wanted);
-    it.text_position = place;
-    it.flags |= Dimension::user_text_flag;
-    if (!is_linear || variables.text_movement != line_moves_with_text) return;
-    const double angle = line_angle(it);
-    const Point across{-std::sin(angle), std::cos(angle), 0};
-    const Point shift = across * dot(place - now, across);
-    it.definition = it.definition + drawing::ocs_to_world(it.normal).direction(shift);
-  });
+  const Point place = to_point(value, "TextPosition", Member::TextPosition);
+  move_text(entity.drawing(), entity.id(), place);
 }
 
 template <Point Dimension::*point>

@@ -29,8 +29,12 @@ Value get_layer(const EntityObject& entity) { return entity.layer_name(); }
 
 /// Kept: a locked layer may be the new one.
 void put_layer(EntityObject& entity, const Value& value) {
-  const auto layer = require_layer(entity.drawing(), basic::convert<std::string>(value));
-  change(entity, [&](Common& it) { it.layer = entity.drawing().layer(layer).name; });
+  const auto name = basic::convert<std::string>(value);
+  constexpr std::string_view always_there = "0";  // also where neither table nor entities name it
+  const bool is_there = name == always_there && !entity.drawing().find_layer(name);
+  const std::string layer =
+      is_there ? name : entity.drawing().layer(require_layer(entity.drawing(), name)).name;
+  change(entity, [&](Common& it) { it.layer = layer; });
 }
 
 Value get_color(const EntityObject& entity) { return std::int32_t{entity.record().color}; }

@@ -1,27 +1,22 @@
 #pragma once
 
-#include "embedded/document_state.h"
-#include "embedded/plain_object.h"
+#include <string>
+#include <vector>
+
+#include "embedded/named_collection.h"
 
 namespace velmar::embedded {
 
 /// The layers of a drawing, layer "0" first, then in the order of its table. Add of a name that is
 /// there gives that layer as it is.
-class LayersObject final : public PlainObject {
- public:
-  explicit LayersObject(DocumentPointer document) : document_(std::move(document)) {}
-
-  Value get(Member member) override;
-  Value call(Member member, std::span<Value> values) override;
-  std::unique_ptr<host::Enumerator> enumerate() override;
-
- private:
-  std::vector<drawing::LayerId> live() const;
-  Value layer(drawing::LayerId id) const;
-  Value item(std::span<Value> values) const;
-  Value add(std::span<Value> values);
-
-  DocumentPointer document_;
+struct LayerRows {
+  using Id = drawing::LayerId;
+  static std::vector<Id> ids(const drawing::Drawing& drawing);
+  static bool exists(const drawing::Drawing& drawing, Id id);
+  static Value object(const DocumentPointer& document, Id id);
+  static Id named(const drawing::Drawing& drawing, const std::string& name);
+  static Id add(drawing::Drawing& drawing, const std::string& name);
 };
+using LayersObject = NamedCollection<LayerRows>;
 
 }  // namespace velmar::embedded

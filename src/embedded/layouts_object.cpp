@@ -3,69 +3,37 @@
 #include <algorithm>
 
 #include "basic/letter_case.h"
-#include "basic/strings.h"
-#include "embedded/collection.h"
-#include "embedded/document_members.h"
 #include "embedded/layout_object.h"
-#include "embedded/names.h"
 
 namespace velmar::embedded {
-namespace {
 
+using drawing::Drawing;
 using drawing::Layout;
 
-std::vector<Layout> sorted(const drawing::Drawing& drawing) {
+std::vector<Layout> LayoutRows::ids(const Drawing& drawing) {
   std::vector<Layout> layouts = drawing.layouts();
   std::ranges::stable_sort(layouts, {},
                            [](const Layout& layout) { return basic::upper(layout.name); });
   return layouts;
 }
 
-}  // namespace
-
-Value LayoutsObject::get(Member member) {
-  require_open(*document_);
-  if (member == Member::Count) {
-    return static_cast<std::int32_t>(document_->drawing.layouts().size());
-  }
-  if (auto found = document_member(*document_, member)) return std::move(*found);
-  throw no_such_member(member);
-}
-
-Value LayoutsObject::call(Member member, std::span<Value> values) {
-  require_open(*document_);
-  return translated([&]() -> Value {
-    if (member == Member::Item) return item(values);
-    if (member == Member::Add) return add(values);
-    return PlainObject::call(member, values);
+bool LayoutRows::exists(const Drawing& drawing, const Layout& layout) {
+  return std::ranges::any_of(drawing.layouts(), [&](const Layout& present) {
+    return present.record == layout.record && present.space == layout.space;
   });
 }
 
-std::unique_ptr<host::Enumerator> LayoutsObject::enumerate() {
-  require_open(*document_);
-  return walk(sorted(document_->drawing),
-              [document = document_](const Layout& layout) -> std::optional<Value> {
-                auto object = std::make_shared<LayoutObject>(document, layout);
-                if (document->closed || !object->exists()) return std::nullopt;
-                return std::optional<Value>(std::in_place, std::move(object));
-              });
+Value LayoutRows::object(const DocumentPointer& document, const Layout& layout) {
+  return std::make_shared<LayoutObject>(document, layout);
 }
 
-Value LayoutsObject::item(std::span<Value> values) const {
-  const Arguments arguments(Member::Item, values, 1, 1);
-  const std::vector<Layout> layouts = sorted(document_->drawing);
-  if (const auto position = item_position(arguments, layouts.size())) {
-    return std::make_shared<LayoutObject>(document_, layouts[*position]);
-  }
-  return std::make_shared<LayoutObject>(document_,
-                                        require_layout(document_->drawing, arguments.text(0)));
+Layout LayoutRows::named(const Drawing& drawing, const std::string& name) {
+  return require_layout(drawing, name);
 }
 
-Value LayoutsObject::add(std::span<Value> values) {
-  const std::string name = Arguments(Member::Add, values, 1, 1).text(0);
-  require_free_layout_name(document_->drawing, name);
-  const drawing::SpaceId sheet = document_->drawing.add_layout(name);
-  return std::make_shared<LayoutObject>(document_, require_layout(document_->drawing, sheet));
+Layout LayoutRows::add(Drawing& drawing, const std::string& name) {
+  require_free_layout_name(drawing, name);
+  return require_layout(drawing, drawing.add_layout(name));
 }
 
 }  // namespace velmar::embedded

@@ -1,27 +1,22 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
-#include "embedded/document_state.h"
-#include "embedded/plain_object.h"
+#include "embedded/named_collection.h"
 
 namespace velmar::embedded {
 
 /// The layouts of a drawing, "Model" among them, in the alphabet's order. Files without layouts
 /// have "Model" and "Layout1".
-class LayoutsObject final : public PlainObject {
- public:
-  explicit LayoutsObject(DocumentPointer document) : document_(std::move(document)) {}
-
-  Value get(Member member) override;
-  Value call(Member member, std::span<Value> values) override;
-  std::unique_ptr<host::Enumerator> enumerate() override;
-
- private:
-  Value item(std::span<Value> values) const;
-  Value add(std::span<Value> values);
-
-  DocumentPointer document_;
+struct LayoutRows {
+  using Id = drawing::Layout;
+  static std::vector<Id> ids(const drawing::Drawing& drawing);
+  static bool exists(const drawing::Drawing& drawing, const Id& layout);
+  static Value object(const DocumentPointer& document, const Id& layout);
+  static Id named(const drawing::Drawing& drawing, const std::string& name);
+  static Id add(drawing::Drawing& drawing, const std::string& name);
 };
+using LayoutsObject = NamedCollection<LayoutRows>;
 
 }  // namespace velmar::embedded

@@ -2,23 +2,18 @@
 
 #include "basic/conversion.h"
 #include "basic/strings.h"
-#include "embedded/collection.h"
-#include "embedded/document_members.h"
 #include "embedded/names.h"
 #include "embedded/record_members.h"
 
 namespace velmar::embedded {
 namespace {
 
+using drawing::Drawing;
 using drawing::Record;
 using drawing::RecordId;
 
-constexpr std::string_view table = "LTYPE";
-
-std::vector<RecordId> rows_of(const drawing::Drawing& drawing) { return drawing.rows(table); }
-
-std::optional<RecordId> find(const drawing::Drawing& drawing, std::string_view name) {
-  for (const RecordId id : rows_of(drawing)) {
+std::optional<RecordId> find(const Drawing& drawing, std::string_view name) {
+  for (const RecordId id : LinetypeRows::ids(drawing)) {
     if (basic::equal_ignoring_case(drawing.read_linetype(id).name, name)) return id;
   }
   return std::nullopt;
@@ -26,45 +21,24 @@ std::optional<RecordId> find(const drawing::Drawing& drawing, std::string_view n
 
 }  // namespace
 
-Value LinetypesObject::get(Member member) {
-  require_open(*document_);
-  if (member == Member::Count) {
-    return static_cast<std::int32_t>(rows_of(document_->drawing).size());
-  }
-  if (auto found = document_member(*document_, member)) return std::move(*found);
-  throw no_such_member(member);
+bool LinetypeRows::exists(const Drawing& drawing, RecordId id) {
+  return !drawing.record(id).is(Record::erased);
 }
 
-Value LinetypesObject::call(Member member, std::span<Value> values) {
-  require_open(*document_);
-  return translated([&]() -> Value {
-    drawing::Drawing& drawing = document_->drawing;
-    if (member != Member::Item && member != Member::Add) return PlainObject::call(member, values);
-    const Arguments arguments(member, values, 1, 1);
-    if (member == Member::Item) {
-      const auto rows = rows_of(drawing);
-      if (const auto at = item_position(arguments, rows.size())) {
-        return std::make_shared<LinetypeObject>(document_, rows[*at]);
-      }
-    }
-    const std::string name = arguments.text(0);
-    auto id = find(drawing, name);
-    if (!id && member == Member::Item) throw failure(HostError::key_not_found);
-    if (!id) {
-      require_valid_name(name);
-      id = drawing.add_linetype({name, ""});
-    }
-    return std::make_shared<LinetypeObject>(document_, *id);
-  });
+Value LinetypeRows::object(const DocumentPointer& document, RecordId id) {
+  return std::make_shared<LinetypeObject>(document, id);
 }
 
-std::unique_ptr<host::Enumerator> LinetypesObject::enumerate() {
-  require_open(*document_);
-  return walk(rows_of(document_->drawing),
-              [document = document_](RecordId id) -> std::optional<Value> {
-                if (document->drawing.record(id).is(Record::erased)) return std::nullopt;
-                return Value(std::make_shared<LinetypeObject>(document, id));
-              });
+RecordId LinetypeRows::named(const Drawing& drawing, const std::string& name) {
+  const auto id = find(drawing, name);
+  if (!id) throw failure(HostError::key_not_found);
+  return *id;
+}
+
+RecordId LinetypeRows::add(Drawing& drawing, const std::string& name) {
+  if (const auto present = find(drawing, name)) return *present;
+  require_valid_name(name);
+  return drawing.add_linetype({name, ""});
 }
 
 Value LinetypeObject::get(Member member) {

@@ -1,23 +1,11 @@
 #pragma once
 
-#include "embedded/document_state.h"
-#include "embedded/plain_object.h"
+#include <string>
+#include <vector>
+
+#include "embedded/named_collection.h"
 
 namespace velmar::embedded {
-
-/// The rows of the linetype table. Add makes a continuous one of the name, or gives the one that is
-/// there; Load is not available: there is no linetype file.
-class LinetypesObject final : public PlainObject {
- public:
-  explicit LinetypesObject(DocumentPointer document) : document_(std::move(document)) {}
-
-  Value get(Member member) override;
-  Value call(Member member, std::span<Value> values) override;
-  std::unique_ptr<host::Enumerator> enumerate() override;
-
- private:
-  DocumentPointer document_;
-};
 
 /// One linetype: Name and Description.
 class LinetypeObject final : public PlainObject {
@@ -37,5 +25,17 @@ class LinetypeObject final : public PlainObject {
   DocumentPointer document_;
   drawing::RecordId id_;
 };
+
+/// The rows of the linetype table. Add makes a continuous one of the name, or gives the one that is
+/// there; Load is not available: there is no linetype file.
+struct LinetypeRows {
+  using Id = drawing::RecordId;
+  static std::vector<Id> ids(const drawing::Drawing& drawing) { return drawing.rows("LTYPE"); }
+  static bool exists(const drawing::Drawing& drawing, Id id);
+  static Value object(const DocumentPointer& document, Id id);
+  static Id named(const drawing::Drawing& drawing, const std::string& name);
+  static Id add(drawing::Drawing& drawing, const std::string& name);
+};
+using LinetypesObject = NamedCollection<LinetypeRows>;
 
 }  // namespace velmar::embedded

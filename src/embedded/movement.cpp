@@ -14,21 +14,6 @@ using drawing::Matrix;
 using drawing::Point;
 using drawing::RecordId;
 
-void transform_body(drawing::Body& body, const Matrix& matrix) {
-  std::visit(
-      [&]<class Kind>(Kind& kind) {
-        if constexpr (requires { transform(kind, matrix); }) transform(kind, matrix);
-      },
-      body);
-}
-
-/// A map that leaves what is upright upright.
-bool is_upright(const Matrix& matrix) {
-  const double size = matrix.x.x;
-  return size > 0 && matrix.x == drawing::x_axis * size && matrix.y == drawing::y_axis * size &&
-         matrix.z == drawing::z_axis * size;
-}
-
 Value move(EntityObject& entity, Arguments& arguments) {
   const Point offset = arguments.point(1, "ToPoint") - arguments.point(0, "FromPoint");
   transform_entity(entity, drawing::translation(offset), Member::Move);
@@ -95,13 +80,11 @@ constexpr std::array rows{
 }  // namespace
 
 void require_transformable(const EntityObject& entity, const Matrix& matrix, Member what) {
-  const drawing::Body& body = entity.body();
-  const bool turns_frame = std::holds_alternative<drawing::OleFrame>(body) && !is_upright(matrix);
-  const bool is_fixed = std::holds_alternative<drawing::Opaque>(body) ||
-                        std::holds_alternative<drawing::Region>(body);
-  if (turns_frame || is_fixed) {
-    throw not_supported(std::string(host::spelling(what)) + " of " + entity.kind());
-  }
+  if (can_transform(entity.body(), matrix)) return;
+  std::string action = std::string(host::spelling(what)) + " of " + entity.kind();
+  const auto* region = std::get_if<drawing::Region>(&entity.body());
+  if (region && region->data.empty()) action += " (" + why_unknown(*region) + ")";
+  throw not_supported(action);
 }
 
 void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
@@ -116,7 +99,7 @@ void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
     }
   }
   require_transformable(entity, matrix, what);
-  for (auto& [id, body] : moved) transform_body(body, matrix);
+  for (auto& [id, body] : moved) transform(body, matrix);
   for (const auto& [id, body] : moved) drawing.write_body(id, body);
 }
 

@@ -75,6 +75,68 @@ TEST(Region, CountsArcsAndWhereTheModelIsPlaced) {
   EXPECT_NEAR(std::abs(signed_area(*loop)), 3 * std::numbers::pi, 1e-9);
 }
 
+// Its shoelace sum and the lengths of its sides from the points of the file.
+TEST(Region, TellsItsAreaAndPerimeter) {
+  const Region region = region_in("acadsharp/sample_AC1015_ascii.dxf");
+  const std::vector<Point> corners{
+      {8.457383344332726, 4.380771426791327},   {6.495344356571394, 1.0012440145166721},
+      {9.60754389890343, -0.44068764508185154}, {12.922713259201657, 2.37558519848036509},
+      {11.97552210326009, 5.0116165536507253},  {8.885874506662788, 6.340897283004324},
+      {10.126243892514964, 3.2993226614644016}};
+  double doubled = 0, around = 0;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const Point a = corners[i], b = corners[(i + 1) % corners.size()];
+    doubled += a.x * b.y - a.y * b.x;
+    around += norm(b - a);
+  }
+  ASSERT_TRUE(area(region) && perimeter(region));
+  EXPECT_NEAR(*area(region), std::abs(doubled) / 2, 1e-9);
+  EXPECT_NEAR(*perimeter(region), around, 1e-9);
+  EXPECT_FALSE(area(region_in("acadsharp/sample_AC1032_ascii.dxf")));
+}
+
+TEST(Region, IsMappedByThePlacementOfItsModelAlone) {
+  Drawing drawing = Drawing::open(corpus / "acadsharp/sample_AC1015_ascii.dxf");
+  const std::string before = drawing.bytes();
+  const RecordId id = drawing.find(0xD69);
+  Region region = region_in("acadsharp/sample_AC1015_ascii.dxf");
+  const Box was = extents(region);
+  const Matrix map = rotation({1, 2, 0}, z_axis, std::numbers::pi / 2);
+  for (const Matrix& step : {scaling({1, 2, 0}, 3), map, reflection({1, 2, 0}, x_axis)}) {
+    ASSERT_TRUE(can_transform(region, step));
+    transform(region, step);
+  }
+  drawing.write_body(id, region);
+  const Drawing saved = Drawing::read(drawing.bytes(), "saved.dxf");
+  const auto again = std::get<Region>(saved.read_body(saved.find(0xD69)));
+  Box image;
+  for (const Point corner : {was.min, was.max}) {
+    image.add(reflection({1, 2, 0}, x_axis)(map(scaling({1, 2, 0}, 3)(corner))));
+  }
+  EXPECT_LT(norm(extents(again).min - image.min) + norm(extents(again).max - image.max), 1e-9);
+  EXPECT_NEAR(*area(again), 9 * *area(region_in("acadsharp/sample_AC1015_ascii.dxf")), 1e-8);
+
+  const std::string after = drawing.bytes();
+  std::size_t first = 0, last = 0;  // bytes that are the same at the front and at the end
+  while (before[first] == after[first]) ++first;
+  while (before[before.size() - 1 - last] == after[after.size() - 1 - last]) ++last;
+  EXPECT_LT(before.size() - last - first, 160U) << "one line of the model";
+  EXPECT_FALSE(can_transform(region, Matrix{{2, 0, 0}, {0, 1, 0}, {0, 0, 1}}));
+}
+
+TEST(Region, GetsAPlacementWhereItsModelHasNone) {
+  Region region = wedge("point $-1 0 0 0 #");
+  region.data[3] = disguised("body $-1 $-1 $-1 $-1 #");
+  ASSERT_TRUE(can_transform(region, translation({10, 0, 0})));
+  transform(region, translation({10, 0, 0}));
+  EXPECT_EQ(region.data.size(), 18U);
+  EXPECT_TRUE(near(extents(region), Box{{9, -2, 0}, {13, 2, 0}}));
+  EXPECT_EQ(region.data[0].substr(0, 6), disguised("400 15")) << "the records are counted";
+  region.data[0] = disguised("400 7 1 0");
+  region.data[3] = disguised("body $-1 $-1 $-1 $-1 #");
+  EXPECT_FALSE(can_transform(region, translation({10, 0, 0}))) << "the header counts otherwise";
+}
+
 TEST(Region, SaysWhyItsShapeIsNotKnown) {
   EXPECT_NE(why_unknown(region_in("acadsharp/sample_AC1032_ascii.dxf")).find("binary"),
             std::string::npos);

@@ -1,3 +1,6 @@
+#include <bit>
+#include <cstdio>
+
 #include "embedded/entity_scene.h"
 
 namespace velmar::embedded {
@@ -87,6 +90,48 @@ TEST(CurveKinds, AreMovedTurnedAndMirrored) {
   const auto mirrored =
       EntityScene::as_object(scene.call("33", Member::Mirror, at(0, 0), at(0, 1)));
   expect_value(mirrored->get(Member::DirectionVector), at(0.8, 0.6), "mirrored ray");
+}
+
+/// Little-endian, as data in a file.
+std::string hexadecimal(double number) {
+  std::string text;
+  const auto bits = std::bit_cast<std::uint64_t>(number);
+  for (int i = 0; i < 8; ++i) {
+    char pair[3];
+    std::snprintf(pair, sizeof pair, "%02X", static_cast<unsigned>(bits >> (8 * i) & 0xFF));
+    text += pair;
+  }
+  return text;
+}
+
+/// The beginning of the data of an OLE frame: its corners, clockwise from the upper left one.
+std::string frame_data(Point upper_left, Point lower_right) {
+  const Point corners[] = {
+      upper_left, {lower_right.x, upper_left.y, 0}, lower_right, {upper_left.x, lower_right.y, 0}};
+  std::string text = "8155";
+  for (const Point& corner : corners) {
+    text += hexadecimal(corner.x) + hexadecimal(corner.y) + hexadecimal(corner.z);
+  }
+  return text + "0000ABCD";
+}
+
+TEST(CurveKinds, AFrameIsWhereItsDataSaysAndIsMovedThere) {
+  const auto frame = [](Point upper_left, Point lower_right) {
+    return drawing_text(head("OLE2FRAME", "36") +
+                        "100 AcDbOle2Frame\n70 2\n3 OLE\n10 1\n20 8\n30 0\n11 5\n21 2\n31 0\n71 2\n"
+                        "72 0\n90 102\n310 " +
+                        frame_data(upper_left, lower_right) + "\n310 D0CF\n1 OLE\n");
+  };
+  const EntityScene scene(drawing::Drawing::read(frame({10, 80, 0}, {50, 20, 0}), "ole.dxf"));
+  expect_value(scene.get("36", Member::Width), 40.0, "not what stands beside the data");
+  scene.call("36", Member::Move, at(0, 0), at(5, -5));
+  scene.call("36", Member::ScaleEntity, at(15, 15), 2.0);
+  const EntityScene saved = scene.saved();
+  expect_value(saved.get("36", Member::InsertionPoint), at(15, 135), "upper left");
+  expect_value(saved.get("36", Member::Height), 120.0, "height");
+  EXPECT_NE(scene.bytes().find(frame_data({15, 135, 0}, {95, 15, 0})), std::string::npos);
+  scene.put("36", Member::InsertionPoint, at(0, 0));
+  EXPECT_NE(scene.bytes().find(frame_data({0, 0, 0}, {80, -120, 0})), std::string::npos);
 }
 
 TEST(CurveKinds, TakeOtherPoints) {

@@ -93,6 +93,77 @@ TEST(EntityRefusals, OfCallsChangeNothing) {
   EXPECT_EQ(scene.bytes(), before);
 }
 
+/// The entities of one_of_each() and some of other kinds, all on the locked layer.
+EntityScene locked_scene() {
+  std::string entities =
+      one_of_each() + head("HATCH", "50") +
+      "100 AcDbHatch\n10 0\n20 0\n30 0\n210 0\n220 0\n230 1\n2 SOLID\n70 1\n71 0\n"
+      "91 0\n75 0\n76 1\n98 0\n" +
+      head("DIMENSION", "51") +
+      "100 AcDbDimension\n10 0\n20 5\n30 0\n11 5\n21 5\n31 0\n70 1\n3 Standard\n"
+      "100 AcDbAlignedDimension\n13 0\n23 0\n33 0\n14 10\n24 0\n34 0\n" +
+      head("OLE2FRAME", "52") + "100 AcDbOle2Frame\n70 2\n10 1\n20 8\n30 0\n11 5\n21 2\n31 0\n";
+  for (std::size_t at = 0; (at = entities.find("\n8 0\n", at)) != entities.npos; ++at) {
+    entities.replace(at, 5, "\n8 Locked\n");
+  }
+  return EntityScene(entities);
+}
+
+constexpr auto last_member = static_cast<std::uint16_t>(Member::ZScaleFactor);
+
+// Whatever can be put, and whatever method changes the entity.
+TEST(EntityRefusals, OfALockedLayerHoldForEveryPropertyAndMethod) {
+  const EntityScene scene = locked_scene();
+  const std::string before = scene.bytes();
+  std::size_t puts = 0;
+  for (const char* handle :
+       {"30", "31", "32", "33", "34", "35", "39", "3D", "3E", "3F", "41", "50", "51", "52"}) {
+    for (std::uint16_t i = 0; i <= last_member; ++i) {
+      const auto member = static_cast<Member>(i);
+      Value value;
+      if (failure_of([&] { value = scene.get(handle, member); }) != 0) continue;
+      const std::int32_t number = failure_of([&] { scene.put(handle, member, value); });
+      EXPECT_EQ(number, on_locked_layer) << handle << " " << host::spelling(member);
+      ++puts;
+    }
+  }
+  EXPECT_GT(puts, 200U);
+
+  struct Row {
+    const char* handle;
+    Member member;
+    std::vector<Value> arguments;
+  };
+  const basic::Doubles unit{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+  const Row rows[] = {
+      {"30", Member::Move, {at(0, 0), at(1, 1)}},
+      {"32", Member::Rotate, {at(0, 0), 1.0}},
+      {"31", Member::Rotate3D, {at(0, 0), at(0, 0, 1), 1.0}},
+      {"33", Member::ScaleEntity, {at(0, 0), 2.0}},
+      {"34", Member::TransformBy, {unit}},
+      {"51", Member::Move, {at(0, 0), at(1, 1)}},
+      {"52", Member::Move, {at(0, 0), at(1, 1)}},
+      {"3F", Member::Rotate, {at(0, 0), 1.0}},
+      {"41", Member::Delete, {}},
+      {"3D", Member::Erase, {}},
+      {"30", Member::SetXData, {basic::List{}, basic::List{}}},
+      {"34", Member::AddVertex, {1, basic::Doubles{9, 9}}},
+      {"34", Member::SetBulge, {0, 1.0}},
+      {"34", Member::SetWidth, {0, 1.0, 1.0}},
+      {"34", Member::Coordinate, {0, basic::Doubles{9, 9}}},
+      {"35", Member::AppendVertex, {at(9, 9)}},
+      {"50", Member::AppendOuterLoop, {basic::List{}}},
+      {"50", Member::Evaluate, {}},
+  };
+  for (const Row& row : rows) {
+    std::vector<Value> arguments = row.arguments;
+    EXPECT_EQ(failure_of([&] { scene.object(row.handle)->call(row.member, arguments); }),
+              on_locked_layer)
+        << row.handle << " " << host::spelling(row.member);
+  }
+  EXPECT_EQ(scene.bytes(), before);
+}
+
 TEST(EntityRefusals, OfALockedLayerLetReadingAndUpdateWork) {
   const EntityScene scene(
       head("LINE", "30", "Locked") + "100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 0\n31 0\n" +

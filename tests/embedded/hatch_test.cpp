@@ -166,6 +166,21 @@ TEST(Hatch, FollowsItsBoundaryOnlyWhereAssociative) {
   EXPECT_TRUE(scene.saved_hatch(other).loops[0].sources.empty());
 }
 
+TEST(Hatch, FollowsNothingOnceAnEntityOfItsBoundaryIsErased) {
+  const HatchScene scene;
+  const auto hatch = scene.hatch(1, "SOLID", true);
+  EntityScene::call_on(*hatch, Member::AppendOuterLoop, scene.list({"33", "34"}));
+  const auto other = scene.hatch(1, "SOLID", true);
+  EntityScene::call_on(*other, Member::AppendOuterLoop, scene.list({"30"}));
+  const double area = basic::convert<double>(hatch->get(Member::Area));
+  scene.call("33", Member::Delete);
+  EXPECT_EQ(scene.saved_hatch(hatch).associative, 0);
+  EXPECT_TRUE(scene.saved_hatch(hatch).loops[0].sources.empty());
+  EXPECT_DOUBLE_EQ(drawing::area(scene.saved_hatch(hatch)), area) << "it stays where it was";
+  EXPECT_EQ(scene.saved_hatch(other).loops[0].sources, std::vector<std::string>{"30"});
+  EXPECT_TRUE(scene.saved().document->drawing.broken_references().empty());
+}
+
 TEST(Hatch, CanChangeItsPattern) {
   const HatchScene scene;
   const auto hatch = scene.hatch(1, "SOLID", false);

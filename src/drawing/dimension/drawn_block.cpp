@@ -1,9 +1,11 @@
 #include "drawing/dimension/drawn_block.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "drawing/dimension/arrowheads.h"
-#include "drawing/dimension/linear_layout.h"
+#include "drawing/dimension/layout.h"
+#include "drawing/dimension/sector.h"
 #include "drawing/dimension/styles.h"
 #include "drawing/geometry/ocs.h"
 
@@ -72,59 +74,109 @@ bool is_shift(const Matrix& matrix) {
   return matrix.x == x_axis && matrix.y == y_axis && matrix.z == z_axis;
 }
 
-bool is_understood(const Body& body) { return !std::holds_alternative<Opaque>(body); }
-
-Body mapped(Body body, const Matrix& matrix) {
-  std::visit(
-      [&](auto& shape) {
-        if constexpr (requires { transform(shape, matrix); }) transform(shape, matrix);
-      },
-      body);
-  return body;
-}
-
 /// Maps what a block holds; where it belongs to others too, into a new one.
 void map_content(Drawing& drawing, Dimension& dimension, const Matrix& matrix) {
   const auto present = block_of(drawing, dimension);
   if (!present) return;
   const std::vector<RecordId> content = drawing.entities(*present);
   for (const RecordId id : content) {
-    if (is_understood(drawing.read_body(id))) continue;
+    if (can_transform(drawing.read_body(id), matrix)) continue;
     throw Error("DIMENSION in block " + dimension.block + " shows a " +
                 std::string(drawing.kind_name(id)) + ", which cannot be moved");
   }
   const SpaceId own = own_block(drawing, dimension);
   for (const RecordId id : content) {
     const RecordId target = own == *present ? id : drawing.copy_to(id, own);
-    drawing.write_body(target, mapped(drawing.read_body(id), matrix));
+    Body body = drawing.read_body(id);
+    transform(body, matrix);
+    drawing.write_body(target, body);
   }
+}
+
+/// A straight dimension line goes to the side with the text, a leader with all of it.
+void line_follows_straight(Dimension& dimension, Point shift) {
+  const double angle = line_angle(dimension);
+  const Point across{-std::sin(angle), std::cos(angle), 0};
+  const Matrix world = ocs_to_world(dimension.normal);
+  dimension.definition = dimension.definition + world.direction(across * dot(shift, across));
+}
+
+/// The ray turns about the centre until it points to the text.
+void line_follows_round(Dimension& dimension, Point text) {
+  const Matrix world = ocs_to_world(dimension.normal), to_ocs = world_to_ocs(dimension.normal);
+  const bool is_diameter = dimension.type() == Dimension::diameter;
+  const Point near = to_ocs(dimension.third), other = to_ocs(dimension.definition);
+  const Point center = is_diameter ? (near + other) * 0.5 : other;
+  const Point way{text.x - center.x, text.y - center.y, 0};
+  if (!(norm(way) > 0)) return;
+  const Point ray = way * (norm(near - center) / norm(way));
+  dimension.third = world(center + ray);
+  if (is_diameter) dimension.definition = world(center - ray);
+}
+
+/// The arc goes as far out as the text.
+void line_follows_arc(Dimension& dimension, Point from, Point to) {
+  const Sector sector = sector_of(dimension);
+  const double before = norm(from - sector.vertex), after = norm(to - sector.vertex);
+  if (!(sector.radius > 0) || !(after > 0)) return;
+  const double factor =
+      std::max(sector.radius + after - before, sector.radius * 1e-3) / sector.radius;
+  const auto pulled = [&](Point at) { return sector.vertex + (at - sector.vertex) * factor; };
+  if (dimension.type() == Dimension::angular_2_line) {
+    dimension.arc_point = pulled(dimension.arc_point);
+  } else {
+    const Matrix world = ocs_to_world(dimension.normal), to_ocs = world_to_ocs(dimension.normal);
+    dimension.definition = world(pulled(to_ocs(dimension.definition)));
+  }
+}
+
+void line_follows(Dimension& dimension, Point from, Point to) {
+  if (dimension.is_linear()) return line_follows_straight(dimension, to - from);
+  if (dimension.is_angular()) return line_follows_arc(dimension, from, to);
+  if (dimension.type() != Dimension::ordinate) return line_follows_round(dimension, to);
+  const Matrix world = ocs_to_world(dimension.normal);
+  dimension.second = dimension.second + world.direction(to - from);
 }
 
 }  // namespace
 
 void draw(Drawing& drawing, RecordId id) {
   Dimension dimension = dimension_of(drawing, id);
-  if (!dimension.is_linear()) return;
   const DimVariables variables = variables_of(drawing, id);
   for (const std::string& name : {variables.arrow, variables.arrow1, variables.arrow2}) {
     require_arrow_block(drawing, name);
   }
   require_layer_of_points(drawing);
-  const LinearLayout layout = linear_layout(drawing, id);
+  const DimensionLayout layout = layout_of(drawing, id);
   const std::vector<Entity> content = drawn_content(drawing, id);
   fill(drawing, own_block(drawing, dimension), content);
-  dimension.definition = ocs_to_world(dimension.normal)(layout.definition);
-  dimension.text_position = layout.text_middle;
+  if (dimension.is_linear()) {
+    dimension.definition = ocs_to_world(dimension.normal)(layout.definition);
+  }
+  if (!dimension.has_user_text_place()) dimension.text_position = layout.text_middle;
   dimension.block_offset = {};
   drawing.write_body(id, dimension);
   update_measured(drawing, id);
+}
+
+void move_text(Drawing& drawing, RecordId id, Point place) {
+  constexpr std::int32_t line_moves_with_text = 0;
+  Dimension dimension = dimension_of(drawing, id);
+  const Point wanted = world_to_ocs(dimension.normal)(place);
+  if (variables_of(drawing, id).text_movement == line_moves_with_text) {
+    line_follows(dimension, layout_of(drawing, id).text_middle, wanted);
+  }
+  dimension.text_position = wanted;
+  dimension.flags |= Dimension::user_text_flag;
+  drawing.write_body(id, dimension);
+  draw(drawing, id);
 }
 
 void transform_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
   Dimension dimension = dimension_of(drawing, id);
   const Point offset = ocs_to_world(dimension.normal).direction(dimension.block_offset);
   transform(dimension, matrix);
-  if (dimension.is_linear() && !is_shift(matrix)) {
+  if (!is_shift(matrix)) {
     drawing.write_body(id, dimension);
     return draw(drawing, id);
   }

@@ -1,5 +1,6 @@
 #include <charconv>
 
+#include "drawing/dimension/drawn_kinds.h"
 #include "drawing/drawing.h"
 #include "drawing/dxf/tag.h"
 #include "drawing/store.h"
@@ -82,11 +83,6 @@ std::string endblk_bytes(Store& store, RecordId id, const Space& space) {
   return bytes;
 }
 
-bool shows_block(Kind kind) {
-  return kind == Kind::dimension || kind == Kind::arc_dimension ||
-         kind == Kind::large_radial_dimension;
-}
-
 /// The largest n of the blocks "*Dn".
 std::uint64_t largest_number(const std::vector<Space>& spaces) {
   std::uint64_t largest = 0;
@@ -125,7 +121,7 @@ bool Drawing::is_drawn_by_several(SpaceId block) const {
     std::set<SpaceId> met;
     for (std::uint32_t i = 0; i < store_->source_count; ++i) {
       const auto id = static_cast<RecordId>(i);
-      if (!shows_block(store_->at(id).kind)) continue;
+      if (!shows_drawn_block(store_->at(id).kind)) continue;
       const auto shown = store_->find_space(row_text(id, 2));
       if (shown && !met.insert(*shown).second) shared->insert(*shown);
     }

@@ -4,10 +4,11 @@
 
 #include "drawing/dimension/arrowheads.h"
 #include "drawing/dimension/drawn_block.h"
-#include "drawing/dimension/linear_layout.h"
+#include "drawing/dimension/layout.h"
 #include "drawing/dimension/measured_text.h"
 #include "drawing/dimension/styles.h"
 #include "drawing/dxf/tag.h"
+#include "drawing/geometry/angle.h"
 #include "drawing/geometry/ocs.h"
 
 namespace velmar::drawing {
@@ -36,7 +37,12 @@ double number_in(const Drawing& drawing, RecordId row, int code, double otherwis
   return dxf::real_value(text, tag, {}).value_or(otherwise);
 }
 
-/// Draws one linear dimension.
+std::string_view mark_of(const Dimension& dimension) {
+  if (dimension.type() == Dimension::radius) return "R";
+  return dimension.type() == Dimension::diameter ? "%%c" : "";
+}
+
+/// Draws one dimension.
 class Drawer {
  public:
   Drawer(const Drawing& drawing, RecordId id)
@@ -49,11 +55,14 @@ class Drawer {
     const double fixed = number_in(drawing, style, 40, 0);
     text_height_ = fixed > 0 ? fixed : v_.text_height * v_.factor();
     width_factor_ = std::max(number_in(drawing, style, 41, 1), 1e-6);
-    text_ = measured_text(measured(drawing, id), dimension_.text, v_,
-                          is_r12_ ? TextForm::plain : TextForm::mtext);
+    const TextForm form = is_r12_ ? TextForm::plain : TextForm::mtext;
+    const double size = measured(drawing, id);
+    text_ = dimension_.is_angular()
+                ? measured_angle_text(size, dimension_.text, v_, angle_format(drawing, id), form)
+                : measured_text(size, dimension_.text, v_, form, mark_of(dimension_));
   }
 
-  LinearLayout layout() const {
+  DimensionLayout layout() const {
     const auto trim = [&](bool second) {
       return v_.tick_size > 0 ? 0 : arrowhead_trim(arrow_name(second));
     };
@@ -61,17 +70,16 @@ class Drawer {
   }
 
   std::vector<Entity> content() {
-    const LinearLayout laid = layout();
+    const DimensionLayout laid = layout();
     for (const Stretch& line : laid.extensions) {
       add_line(line, v_.extension_color, v_.extension_weight);
     }
     for (const Stretch& line : laid.lines) add_line(line, v_.line_color, v_.line_weight);
+    for (const ArcStretch& arc : laid.arcs) add_arc(arc);
     if (laid.first_arrow) add_arrow(*laid.first_arrow, false);
     if (laid.second_arrow) add_arrow(*laid.second_arrow, true);
     if (!text_.empty()) add_text(laid);
-    for (const Point& point : {dimension_.first, dimension_.second, world_(laid.definition)}) {
-      add_definition_point(point);
-    }
+    for (const Point& point : definition_points(laid)) add_definition_point(point);
     return std::move(content_);
   }
 
@@ -93,6 +101,16 @@ class Drawer {
 
   void add_line(const Stretch& line, std::int32_t color, std::int32_t weight) {
     content_.push_back({look(color, weight), Line{world_(line.from), world_(line.to)}});
+  }
+
+  void add_arc(const ArcStretch& stretch) {
+    Arc arc;
+    arc.center = stretch.center;
+    arc.radius = stretch.radius;
+    arc.start_angle = wrapped(stretch.start);
+    arc.end_angle = wrapped(stretch.end);
+    arc.normal = dimension_.normal;
+    content_.push_back({look(v_.line_color, v_.line_weight), arc});
   }
 
   void add_arrow(const ArrowPlace& place, bool second) {
@@ -157,7 +175,7 @@ class Drawer {
     return {box.max.x - box.min.x, std::max(box.max.y - box.min.y, text_height_)};
   }
 
-  void add_text(const LinearLayout& laid) {
+  void add_text(const DimensionLayout& laid) {
     const Common common = look(v_.text_color, -1);
     if (is_r12_) {
       Text placed = text();
@@ -177,7 +195,7 @@ class Drawer {
   }
 
   /// A negative gap asks for a box around the text.
-  void add_frame(const LinearLayout& laid) {
+  void add_frame(const DimensionLayout& laid) {
     const double gap = -v_.text_gap * v_.factor();
     const TextRoom size = room();
     const Point x = direction(laid.text_angle) * (size.width / 2 + gap);
@@ -186,6 +204,22 @@ class Drawer {
     const Point corners[] = {m - x - y, m + x - y, m + x + y, m - x + y};
     for (std::size_t i = 0; i < 4; ++i) {
       add_line({corners[i], corners[(i + 1) % 4]}, v_.line_color, v_.line_weight);
+    }
+  }
+
+  std::vector<Point> definition_points(const DimensionLayout& laid) const {
+    const Point definition = world_(laid.definition);
+    switch (dimension_.type()) {
+      case Dimension::diameter:
+      case Dimension::radius:
+        return {definition, dimension_.third};
+      case Dimension::angular_3_point:
+        return {dimension_.first, dimension_.second, dimension_.third, definition};
+      case Dimension::angular_2_line:
+        return {dimension_.first, dimension_.second, dimension_.third, definition,
+                world_(dimension_.arc_point)};
+      default:
+        return {dimension_.first, dimension_.second, definition};
     }
   }
 
@@ -211,11 +245,10 @@ class Drawer {
 }  // namespace
 
 std::vector<Entity> drawn_content(const Drawing& drawing, RecordId id) {
-  if (!std::get<Dimension>(drawing.read_body(id)).is_linear()) return {};
   return Drawer(drawing, id).content();
 }
 
-LinearLayout linear_layout(const Drawing& drawing, RecordId id) {
+DimensionLayout layout_of(const Drawing& drawing, RecordId id) {
   return Drawer(drawing, id).layout();
 }
 

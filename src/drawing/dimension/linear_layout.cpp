@@ -1,33 +1,16 @@
-#include "drawing/dimension/linear_layout.h"
-
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "drawing/geometry/angle.h"
+#include "drawing/dimension/layout.h"
+#include "drawing/dimension/layout_rules.h"
 #include "drawing/geometry/ocs.h"
 
 namespace velmar::drawing {
 namespace {
 
-constexpr double tolerance = 1e-9;
+constexpr double tolerance = layout_tolerance;
 constexpr double right_angle = std::numbers::pi / 2;
-
-/// Along the axes without the noise of pi.
-Point direction(double angle) {
-  constexpr double noise = 1e-15;
-  const auto clean = [](double value) { return std::abs(value) < noise ? 0 : value; };
-  return {clean(std::cos(angle)), clean(std::sin(angle)), 0};
-}
-double angle_of(Point vector) { return std::atan2(vector.y, vector.x); }
-
-/// The same line's direction that reads from below or from the right.
-double readable(double angle) {
-  const double turned = wrapped(angle);
-  const bool is_upside_down =
-      turned > right_angle + tolerance && turned <= 3 * right_angle + tolerance;
-  return is_upside_down ? turned - std::numbers::pi : turned;
-}
 
 /// The dimension line: from `start`, where it meets the first extension line, `length` along.
 struct Line {
@@ -56,55 +39,22 @@ Line line_of(const Dimension& dimension) {
   line.second = to_ocs(dimension.second);
   line.first.z = line.second.z = on_line.z;
   line.angle = line_angle(dimension);
-  const Point along = direction(line.angle);
+  const Point along = direction_of(line.angle);
   const bool is_oblique = std::abs(std::sin(dimension.oblique)) > tolerance;
-  const Point extension = direction(line.angle + (is_oblique ? dimension.oblique : right_angle));
+  const Point extension = direction_of(line.angle + (is_oblique ? dimension.oblique : right_angle));
   line.start = foot(line.first, on_line, along, extension);
   const Point end = foot(line.second, on_line, along, extension);
   line.length = norm(end - line.start);
   line.along = line.length > 0 ? (end - line.start) * (1 / line.length) : along;
   const double turn = dimension.horizontal_direction;
-  line.up = direction(readable(line.angle + turn) - turn + right_angle);
+  line.up = direction_of(readable(line.angle + turn) - turn + right_angle);
   return line;
-}
-
-/// Sizes in drawing units.
-struct Sizes {
-  double arrow, gap, offset, beyond, line_beyond, shift;
-  bool has_ticks;
-
-  Sizes(const DimVariables& v, double text_height)
-      : arrow(v.arrow_size * v.factor()),
-        gap(std::abs(v.text_gap) * v.factor()),
-        offset(v.extension_offset * v.factor()),
-        beyond(v.extension_beyond * v.factor()),
-        line_beyond(v.line_beyond * v.factor()),
-        shift(v.text_shift * text_height),
-        has_ticks(v.tick_size > 0) {}
-};
-
-/// Which of text and arrows are between the extension lines.
-struct Fit {
-  bool text, arrows;
-};
-
-Fit fit_of(const DimVariables& v, const Sizes& sizes, double length, double text_room) {
-  enum : std::int32_t { both_move, arrows_move_first, text_moves_first };
-  const double arrows_room = sizes.has_ticks ? 0 : 2 * sizes.arrow;
-  if (text_room + arrows_room <= length) return {true, true};
-  if (v.text_inside != 0) return {true, sizes.has_ticks};
-  const bool text_fits = text_room <= length, arrows_fit = arrows_room <= length;
-  if (v.fit == both_move) return {false, false};
-  if (v.fit == arrows_move_first) return {text_fits, false};
-  if (v.fit == text_moves_first) return {false, arrows_fit};
-  if (text_fits) return {true, false};
-  return {false, arrows_fit};
 }
 
 class Layouter {
  public:
   Layouter(const Dimension& dimension, const DimVariables& variables, TextRoom text,
-           std::pair<double, double> trims)
+           ArrowTrims trims)
       : dimension_(dimension),
         v_(variables),
         text_(text),
@@ -112,7 +62,7 @@ class Layouter {
         trims_(trims),
         line_(line_of(dimension)) {}
 
-  LinearLayout result() {
+  DimensionLayout result() {
     place_text();
     add_extension(line_.first, line_.start, v_.no_extension1 != 0);
     add_extension(line_.second, line_.at(line_.length), v_.no_extension2 != 0);
@@ -125,21 +75,10 @@ class Layouter {
 
  private:
   double text_angle(bool inside) const {
-    if (dimension_.text_rotation != 0) return dimension_.text_rotation;
-    const double turn = dimension_.horizontal_direction;
-    const bool horizontal = (inside ? v_.inside_horizontal : v_.outside_horizontal) != 0;
-    return horizontal ? -turn : readable(line_.angle + turn) - turn;
+    return text_angle_at(dimension_, v_, line_.angle, inside);
   }
-
-  /// What the text takes up along the dimension line, or square to it.
-  double text_along() const {
-    const double turn = layout_.text_angle - line_.angle;
-    return std::abs(text_.width * std::cos(turn)) + std::abs(text_.height * std::sin(turn));
-  }
-  double text_across() const {
-    const double turn = layout_.text_angle - line_.angle;
-    return std::abs(text_.width * std::sin(turn)) + std::abs(text_.height * std::cos(turn));
-  }
+  double text_along() const { return room_along(text_, layout_.text_angle, line_.angle); }
+  double text_across() const { return room_across(text_, layout_.text_angle, line_.angle); }
   bool is_parallel() const {
     return std::abs(std::sin(layout_.text_angle - line_.angle)) < tolerance;
   }
@@ -152,8 +91,7 @@ class Layouter {
     layout_.text_middle = dimension_.text_position;
     const double place = line_.place_of(layout_.text_middle);
     fit_.text = place >= 0 && place <= line_.length;
-    const double arrows = sizes_.has_ticks ? 0 : 2 * sizes_.arrow;
-    if (!fit_.text) fit_.arrows = arrows <= line_.length;
+    if (!fit_.text) fit_.arrows = sizes_.marks() <= line_.length;
     layout_.text_angle = text_angle(fit_.text);
   }
 
@@ -175,15 +113,10 @@ class Layouter {
     layout_.text_middle = line_.at(place) + line_.up * text_height_over_line();
   }
 
-  /// How far the middle of the text is above the dimension line.
   double text_height_over_line() const {
-    enum : std::int32_t { in_line, above, outside, japanese, below };
     const bool lies_across = !is_parallel() && dimension_.text_rotation == 0;
-    if (v_.vertical == in_line || lies_across) return v_.vertical == in_line ? sizes_.shift : 0;
-    const double away = sizes_.gap + text_across() / 2;
-    if (v_.vertical == below) return -away;
-    if (v_.vertical == outside && line_.height_of(line_.first) > 0) return -away;
-    return away;
+    if (v_.vertical != 0 && lies_across) return 0;
+    return text_distance(v_, sizes_, text_across(), line_.height_of(line_.first) > 0);
   }
 
   void add_extension(Point from, Point to, bool suppressed) {
@@ -261,35 +194,26 @@ class Layouter {
     if (v_.no_line2 == 0) add_line(line_.length + (fit_.arrows ? 0 : trim2), behind);
   }
 
-  /// From the middle of the line to a text that the user took away from it.
   void add_leader() {
-    constexpr std::int32_t with_leader = 1;
-    if (v_.text_movement != with_leader || !dimension_.has_user_text_place() || text_.width <= 0) {
-      return;
-    }
-    const Point from = line_.at(line_.length / 2);
-    const Point text_along_direction = direction(layout_.text_angle);
-    const double side = dot(from - layout_.text_middle, text_along_direction) < 0 ? -1 : 1;
-    const Point to =
-        layout_.text_middle + text_along_direction * (side * (text_.width / 2 + sizes_.gap));
-    const bool is_away = norm(layout_.text_middle - from) > text_.width / 2 + 2 * sizes_.gap;
-    if (is_away) layout_.lines.push_back({from, to});
+    if (!has_leader(dimension_, v_) || text_.width <= 0) return;
+    const auto leader = leader_to_text(line_.at(line_.length / 2), layout_, text_, sizes_.gap);
+    if (leader) layout_.lines.push_back(*leader);
   }
 
   const Dimension& dimension_;
   const DimVariables& v_;
   TextRoom text_;
-  Sizes sizes_;
-  std::pair<double, double> trims_;
+  LayoutSizes sizes_;
+  ArrowTrims trims_;
   Line line_;
   Fit fit_{true, true};
-  LinearLayout layout_;
+  DimensionLayout layout_;
 };
 
 }  // namespace
 
-LinearLayout lay_out(const Dimension& dimension, const DimVariables& variables, TextRoom text,
-                     std::pair<double, double> trims) {
+DimensionLayout linear_layout(const Dimension& dimension, const DimVariables& variables,
+                              TextRoom text, ArrowTrims trims) {
   return Layouter(dimension, variables, text, trims).result();
 }
 

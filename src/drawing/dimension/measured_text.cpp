@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <functional>
+#include <numbers>
 #include <numeric>
 
 namespace velmar::drawing {
@@ -148,13 +150,17 @@ std::string stacked(const std::string& upper, const std::string& lower, const Di
          "^" + lower + ";}";
 }
 
-std::string with_tolerance(double length, const DimVariables& v, TextForm form) {
+/// How a number at least 0 is written.
+using Writer = std::function<std::string(double, const DimVariables&)>;
+
+std::string with_tolerance(double length, const DimVariables& v, TextForm form,
+                           const Writer& write) {
   const DimVariables of_tolerance = for_tolerance(v);
   const auto text = [&](double number) {
-    return (number < 0 ? "-" : "") + length_text(std::abs(number), of_tolerance, form);
+    return (number < 0 ? "-" : "") + write(std::abs(number), of_tolerance);
   };
   if (v.limits != 0) return stacked(text(length + v.plus), text(length - v.minus), v, form);
-  const std::string number = length_text(length, v, form);
+  const std::string number = write(length, v);
   if (v.tolerance == 0) return number;
   if (v.plus == v.minus) return number + (v.plus == 0 ? "" : "%%p" + text(v.plus));
   const auto with_sign = [&](double change) {
@@ -171,6 +177,24 @@ std::string alternate_text(double length, const DimVariables& v, TextForm form) 
   other.separator = v.separator;
   const double converted = rounded(length * v.alternate_factor, v.alternate_rounding);
   return "[" + with_affix(length_text(converted, other, form), v.alternate_affix) + "]";
+}
+
+bool has_prefix(const DimVariables& v) {
+  const std::size_t place = v.affix.find("<>");
+  return place != v.affix.npos && place > 0;
+}
+
+/// `own` and `alternate` in their places in what the user wrote.
+std::string placed_in(const std::string& written, const std::string& own,
+                      const std::string& alternate) {
+  if (written.empty()) return alternate.empty() ? own : own + " " + alternate;
+  if (written.find_first_not_of(' ') == written.npos) return {};
+  std::string text = written;
+  if (const std::size_t place = text.find("<>"); place != text.npos) text.replace(place, 2, own);
+  if (const std::size_t place = text.find("[]"); place != text.npos) {
+    text.replace(place, 2, alternate);
+  }
+  return text;
 }
 
 }  // namespace
@@ -194,17 +218,23 @@ std::string length_text(double length, const DimVariables& v, TextForm form) {
 }
 
 std::string measured_text(double length, const std::string& written, const DimVariables& v,
-                          TextForm form) {
-  const std::string own = with_affix(with_tolerance(rounded(length, v.rounding), v, form), v.affix);
-  const std::string alternate = v.alternate != 0 ? alternate_text(length, v, form) : "";
-  if (written.empty()) return alternate.empty() ? own : own + " " + alternate;
-  if (written.find_first_not_of(' ') == written.npos) return {};
-  std::string text = written;
-  if (const std::size_t place = text.find("<>"); place != text.npos) text.replace(place, 2, own);
-  if (const std::size_t place = text.find("[]"); place != text.npos) {
-    text.replace(place, 2, alternate);
-  }
-  return text;
+                          TextForm form, std::string_view mark) {
+  const Writer write = [&](double number, const DimVariables& how) {
+    return length_text(number, how, form);
+  };
+  const std::string number = with_tolerance(rounded(length, v.rounding), v, form, write);
+  const std::string own = with_affix((has_prefix(v) ? "" : std::string(mark)) + number, v.affix);
+  return placed_in(written, own, v.alternate != 0 ? alternate_text(length, v, form) : "");
+}
+
+std::string measured_angle_text(double angle, const std::string& written, const DimVariables& v,
+                                const AngleFormat& format, TextForm form) {
+  constexpr double radians_per_degree = std::numbers::pi / 180;
+  const Writer write = [&](double degrees, const DimVariables& how) {
+    return angle_text(degrees * radians_per_degree, format, how);
+  };
+  const std::string number = with_tolerance(angle / radians_per_degree, v, form, write);
+  return placed_in(written, with_affix(number, v.affix), "");
 }
 
 }  // namespace velmar::drawing

@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "drawing/dxf/chunk.h"
+
 namespace velmar::drawing::dxf {
 
 void FieldReader::report(const Tag& tag, std::string_view expected) {
@@ -94,8 +96,13 @@ void FieldReader::long_texts(int code, int more, std::vector<std::string>& list)
     if (tag.in_group) continue;
     if (tag.code == code) list.emplace_back();
     const bool counts = tag.code == code || (tag.code == more && !list.empty());
-    if (counts) list.back() += record_.text(tag);
+    if (counts) list.back() += text_value(record_.bytes(), tag, record_.format());
   }
+}
+
+void FieldReader::first_chunk(int code, std::string& data) {
+  const Tag* tag = range_.find(code);
+  data = tag ? chunk_value(record_.bytes(), *tag, record_.format()) : std::string();
 }
 
 void FieldReader::vertices(std::vector<BulgeVertex>& list) {

@@ -55,6 +55,7 @@ class FieldReader {
   }
   void absent(std::initializer_list<int>) {}
   void long_texts(int code, int more, std::vector<std::string>& list);
+  void first_chunk(int code, std::string& data);
 
   const std::optional<Problem>& problem() const { return problem_; }
 

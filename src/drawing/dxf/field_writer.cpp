@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "drawing/dxf/chunk.h"
 #include "drawing/dxf/field_reader.h"
 #include "drawing/name.h"
 
@@ -256,6 +257,55 @@ void FieldWriter::repeated(int code, const std::vector<Point>& list) {
     if (tag.code == code + 10) write_real(tag, list[met - 1].y);
     if (tag.code == code + 20) write_real(tag, list[met - 1].z);
   }
+}
+
+/// In pieces of at most 255 bytes in the file.
+std::string FieldWriter::long_text(int code, int more, std::string_view text) const {
+  constexpr std::size_t most = 255;
+  std::string bytes;
+  for (std::size_t at = 0; at == 0 || at < text.size();) {
+    std::size_t count = std::min(most, text.size() - at);
+    while (text_bytes(text.substr(at, count), format_).size() > most) --count;
+    append_text(bytes, at == 0 ? code : more, text.substr(at, count), format_);
+    at += std::max<std::size_t>(count, 1);
+  }
+  return bytes;
+}
+
+/// Texts that stay the same keep their bytes; the others are written in their place, or behind the
+/// last one.
+void FieldWriter::long_texts(int code, int more, const std::vector<std::string>& list) {
+  struct Present {
+    std::uint32_t begin, end;
+    std::string text;
+  };
+  std::vector<Present> present;
+  for (std::size_t i = range_.first(); i < range_.last(); ++i) {
+    const Tag& tag = record_.tags()[i];
+    if (tag.in_group || (tag.code != code && (tag.code != more || present.empty()))) continue;
+    if (tag.code == code) present.push_back({tag.begin, tag.next, {}});
+    present.back().end = tag.next;
+    present.back().text += text_value(record_.bytes(), tag, format_);
+    pass(tag);
+  }
+  for (std::size_t i = 0; i < std::max(present.size(), list.size()); ++i) {
+    if (i >= present.size()) {
+      insert(long_text(code, more, list[i]));
+    } else if (i >= list.size() || present[i].text != list[i]) {
+      const std::uint32_t length = present[i].end - present[i].begin;
+      edits_.push_back({present[i].begin, length,
+                        i < list.size() ? long_text(code, more, list[i]) : std::string()});
+    }
+  }
+}
+
+void FieldWriter::first_chunk(int code, const std::string& data) {
+  const Tag* tag = range_.find(code);
+  if (!tag) return;
+  pass(*tag);
+  const std::string present = chunk_value(record_.bytes(), *tag, format_);
+  if (present == data || present.size() != data.size()) return;
+  replace(*tag, format_.binary ? data : hexadecimal_text(data));
 }
 
 std::string FieldWriter::result() const {

@@ -59,7 +59,8 @@ class FieldWriter {
     take_row(writer, first, last, list.empty());
   }
   void absent(std::initializer_list<int> codes);
-  void long_texts(int, int, const std::vector<std::string>&) {}
+  void long_texts(int code, int more, const std::vector<std::string>& list);
+  void first_chunk(int code, const std::string& data);
 
   bool changed() const { return !edits_.empty(); }
   /// The bytes of the record with all edits.
@@ -87,6 +88,7 @@ class FieldWriter {
   void pass(const Tag& tag) { insert_at_ = std::max(insert_at_, tag.next); }
   void enter(bool found);
   std::string chunks(int code, const Chunked& value) const;
+  std::string long_text(int code, int more, std::string_view text) const;
   void take_row(const RowWriter& row, std::size_t first, std::size_t last, bool omit);
   /// All tags of these codes in the range, which are replaced.
   void replace_run(std::initializer_list<int> codes, std::string bytes);

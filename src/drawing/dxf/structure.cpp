@@ -332,6 +332,7 @@ void Structure::finish_handles() {
   HandleIndex handles = index_handles(store_.records);
   store_.by_handle = std::move(handles.order);
   if (!store_.by_handle.empty()) {
+    store_.has_handles = true;  // whatever the header says: a copy must not have the original's
     store_.next_handle =
         std::max(store_.next_handle, store_.records[store_.by_handle.back()].handle + 1);
   }

@@ -5,21 +5,6 @@
 namespace velmar::drawing {
 namespace {
 
-/// The header: version and counts, then the producer and the units.
-constexpr std::size_t header_lines = 3;
-
-std::string revealed(std::string_view line) {
-  constexpr int mirror = 159;
-  std::string text;
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    const auto c = static_cast<unsigned char>(line[i]);
-    // "^ " is how a DXF file writes the caret, which stands for an A.
-    if (c == '^' && i + 1 < line.size() && line[i + 1] == ' ') ++i;
-    text += c <= ' ' || c >= mirror ? ' ' : static_cast<char>(mirror - c);
-  }
-  return text;
-}
-
 std::vector<std::string_view> split(std::string_view text) {
   std::vector<std::string_view> tokens;
   for (std::size_t at = 0; at < text.size();) {
@@ -52,12 +37,22 @@ void take(AcisRecord& record, std::string_view token) {
 
 }  // namespace
 
+std::string mirrored(std::string_view line) {
+  constexpr int mirror = 159;
+  std::string text;
+  for (const char c : line) {
+    const auto code = static_cast<unsigned char>(c);
+    text += code <= ' ' || code >= mirror - ' ' ? ' ' : static_cast<char>(mirror - code);
+  }
+  return text;
+}
+
 std::optional<std::vector<AcisRecord>> acis_records(const std::vector<std::string>& disguised) {
   std::vector<AcisRecord> records;
-  if (disguised.size() <= header_lines) return std::nullopt;
+  if (disguised.size() <= acis_header_lines) return std::nullopt;
   bool begins = true;
-  for (std::size_t i = header_lines; i < disguised.size(); ++i) {
-    const std::string line = revealed(disguised[i]);
+  for (std::size_t i = acis_header_lines; i < disguised.size(); ++i) {
+    const std::string line = mirrored(disguised[i]);
     for (const std::string_view token : split(line)) {
       if (token == "#") {
         begins = true;

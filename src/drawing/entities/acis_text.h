@@ -16,8 +16,14 @@ struct AcisRecord {
   std::vector<std::string> words;  // the others: "forward", "I"
 };
 
-/// The records of a model from its lines in a DXF file, where all characters but blanks are
-/// mirrored about the middle of the printable ones. Nothing where they are no such text.
+/// The version and counts, then the producer, then the units.
+inline constexpr std::size_t acis_header_lines = 3;
+
+/// A line of a model as a DXF file disguises it, or the same revealed: all characters but blanks
+/// are mirrored about the middle of the printable ones.
+std::string mirrored(std::string_view line);
+
+/// The records of a model from its disguised lines. Nothing where they are no such text.
 std::optional<std::vector<AcisRecord>> acis_records(const std::vector<std::string>& disguised);
 
 }  // namespace velmar::drawing

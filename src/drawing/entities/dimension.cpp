@@ -93,6 +93,9 @@ void transform(Dimension& dimension, const Matrix& matrix) {
   dimension.arc_point = plane.map(dimension.arc_point);
   dimension.rotation = plane.angle(dimension.rotation);
   if (dimension.text_rotation != 0) dimension.text_rotation = plane.angle(dimension.text_rotation);
+  if (dimension.type() == Dimension::ordinate) {  // its axes turn with it
+    dimension.horizontal_direction = -plane.angle(-dimension.horizontal_direction);
+  }
   if (plane.mirrored) dimension.oblique = -dimension.oblique;
   dimension.leader_length *= plane.stretch;
   dimension.normal = plane.normal;

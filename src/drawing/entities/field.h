@@ -17,7 +17,8 @@
 /// count with that code and so many elements behind it, each described by its `tags(row, element)`;
 /// absent({codes}): what an entity of this sort has not; embedded_object(): true where what follows
 /// is to be brought to the values too in an object embedded in the subclass;
-/// long_texts(code, more, list): texts that may go on in groups `more`, to be read alone.
+/// long_texts(code, more, list): texts that may go on in groups `more`; first_chunk(code, data):
+/// the first piece of binary data, which keeps its size.
 ///
 /// A row, whose group codes mean something by their order alone, has: operator()(code, value) and
 /// (code, value, unless), which need not be there, and with `true` behind is put into rows written

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
-#include "drawing/entities/acis_text.h"
+#include "drawing/entities/acis_placement.h"
 #include "drawing/geometry/matrix.h"
 #include "drawing/geometry/ocs.h"
+#include "drawing/geometry/quadrature.h"
 
 namespace velmar::drawing {
 namespace {
@@ -54,30 +56,22 @@ std::optional<RegionEdge> round_edge(const AcisRecord& curve, Point start, Point
   return conic;
 }
 
+bool is_reversed(const AcisRecord& record) {
+  return std::ranges::find(record.words, "reversed") != record.words.end();
+}
+
 std::optional<RegionEdge> edge_of(const Records& records, const AcisRecord& edge) {
   const auto start = place_of(records, from_end(edge, 3)),
              end = place_of(records, from_end(edge, 2));
   if (!start || !end) return std::nullopt;
   if (find(records, from_end(edge, 0), "straight-curve")) return RegionLine{*start, *end};
   const AcisRecord* curve = find(records, from_end(edge, 0), "ellipse-curve");
-  const bool backward = std::ranges::find(edge.words, "reversed") != edge.words.end();
-  return curve ? round_edge(*curve, *start, *end, backward) : std::nullopt;
+  return curve ? round_edge(*curve, *start, *end, is_reversed(edge)) : std::nullopt;
 }
 
-/// What the whole model is placed with: rows of a matrix for row vectors, the shift, the scale.
-std::optional<Matrix> placement(const Records& records) {
-  const auto body = std::ranges::find(records, "body", &AcisRecord::kind);
-  if (body == records.end()) return std::nullopt;
-  const int reference = from_end(*body, 0);
-  if (reference < 0) return Matrix{};
-  const AcisRecord* transform = find(records, reference, "transform");
-  if (!transform || transform->numbers.size() < 13) return std::nullopt;
-  const auto& n = transform->numbers;
-  const double scale = n[12];
-  return Matrix{Point{n[0], n[1], n[2]} * scale,
-                Point{n[3], n[4], n[5]} * scale,
-                Point{n[6], n[7], n[8]} * scale,
-                {n[9], n[10], n[11]}};
+Point start_of(const RegionEdge& edge) {
+  if (const auto* line = std::get_if<RegionLine>(&edge)) return line->start;
+  return std::get<Conic>(edge)(std::get<Conic>(edge).start);
 }
 
 RegionEdge mapped(const RegionEdge& edge, const Matrix& map) {
@@ -87,6 +81,50 @@ RegionEdge mapped(const RegionEdge& edge, const Matrix& map) {
   const auto& conic = std::get<Conic>(edge);
   return Conic{map(conic.center), map.direction(conic.cosine), map.direction(conic.sine),
                conic.start, conic.sweep};
+}
+
+/// Half the vector product of the way with the places on it, summed along the edge: over a closed
+/// way the area that it goes around, along the normal.
+Point swept(const RegionEdge& edge, Point origin) {
+  if (const auto* line = std::get_if<RegionLine>(&edge)) {
+    return cross(line->start - origin, line->end - origin) * 0.5;
+  }
+  const auto& conic = std::get<Conic>(edge);
+  const Point chord = conic(conic.start + conic.sweep) - conic(conic.start);
+  const Point sector = cross(conic.cosine, conic.sine) * conic.sweep;
+  return (cross(conic.center - origin, chord) + sector) * 0.5;
+}
+
+double length(const RegionEdge& edge) {
+  if (const auto* line = std::get_if<RegionLine>(&edge)) return norm(line->end - line->start);
+  const auto& conic = std::get<Conic>(edge);
+  const auto speed = [&](double t) {
+    return norm(conic.sine * std::cos(t) - conic.cosine * std::sin(t));
+  };
+  return integral(speed, conic.start, conic.start + conic.sweep);
+}
+
+/// Each face's loops, which run around what is inside and against it around what is not.
+std::optional<double> area_of(const Records& records, const Matrix& place) {
+  std::map<int, Point> faces;
+  std::optional<Point> origin;
+  for (const AcisRecord& coedge : records) {
+    if (coedge.kind != "coedge") continue;
+    const AcisRecord* edge = find(records, from_end(coedge, 2), "edge");
+    const AcisRecord* loop = find(records, from_end(coedge, 1), "loop");
+    const auto shape = edge && loop ? edge_of(records, *edge) : std::nullopt;
+    if (!shape) return std::nullopt;
+    const RegionEdge image = mapped(*shape, place);
+    if (!origin) origin = start_of(image);
+    const bool is_round = std::holds_alternative<Conic>(image);
+    const bool against = is_reversed(coedge) != (is_round && is_reversed(*edge));
+    Point& sum = faces[from_end(*loop, 0)];
+    sum = sum + swept(image, *origin) * (against ? -1 : 1);
+  }
+  if (faces.empty()) return std::nullopt;
+  double area = 0;
+  for (const auto& [face, sum] : faces) area += norm(sum);
+  return area;
 }
 
 }  // namespace
@@ -111,6 +149,28 @@ std::string why_unknown(const Region& region) {
   const auto records = acis_records(region.data);
   if (!records || !placement(*records)) return "its shape is in no form that is known";
   return edges(region) ? "" : "it has curves other than lines and ellipses";
+}
+
+std::optional<double> area(const Region& region) {
+  const auto records = acis_records(region.data);
+  const auto place = records ? placement(*records) : std::nullopt;
+  return place ? area_of(*records, *place) : std::nullopt;
+}
+
+std::optional<double> perimeter(const Region& region) {
+  const auto found = edges(region);
+  if (!found) return std::nullopt;
+  double sum = 0;
+  for (const RegionEdge& edge : *found) sum += length(edge);
+  return sum;
+}
+
+bool can_transform(const Region& region, const Matrix& matrix) {
+  return placed(region.data, matrix).has_value();
+}
+
+void transform(Region& region, const Matrix& matrix) {
+  if (auto data = placed(region.data, matrix)) region.data = std::move(*data);
 }
 
 Box extents(const Region& region) {

@@ -29,6 +29,7 @@ struct FieldVisitor {
   void absent(std::initializer_list<int>) {}
   template <class List>
   void long_texts(int, int, List&) {}
+  void first_chunk(int, const std::string&) {}
 };
 
 /// Reads the field of that name: points in world coordinates, angles in radians.

@@ -29,6 +29,7 @@ std::span<const Property<drawing::Leader>> properties(const drawing::Leader&);
 std::span<const Property<drawing::Ray>> properties(const drawing::Ray&);
 std::span<const Property<drawing::Xline>> properties(const drawing::Xline&);
 std::span<const Property<drawing::OleFrame>> properties(const drawing::OleFrame&);
+std::span<const Property<drawing::Region>> properties(const drawing::Region&);
 
 std::span<const Method<drawing::Solid>> methods(const drawing::Solid&);
 std::span<const Method<drawing::Trace>> methods(const drawing::Trace&);

@@ -10,20 +10,22 @@ using drawing::OleFrame;
 
 void put_insertion_point(OleFrame& frame, const Value& value) {
   const drawing::Point to = to_point(value, "InsertionPoint", Member::InsertionPoint);
-  transform(frame, drawing::translation(to - frame.upper_left));
+  transform(frame, drawing::translation(to - place(frame).upper_left));
 }
 
 constexpr std::array rows{
     Property<OleFrame>{Member::InsertionPoint,
-                       [](const OleFrame& frame) { return to_value(frame.upper_left); },
+                       [](const OleFrame& frame) { return to_value(place(frame).upper_left); },
                        put_insertion_point},
     Property<OleFrame>{Member::Width,
                        [](const OleFrame& frame) -> Value {
-                         return std::abs(frame.lower_right.x - frame.upper_left.x);
+                         const auto [upper_left, lower_right] = place(frame);
+                         return std::abs(lower_right.x - upper_left.x);
                        }},
     Property<OleFrame>{Member::Height,
                        [](const OleFrame& frame) -> Value {
-                         return std::abs(frame.upper_left.y - frame.lower_right.y);
+                         const auto [upper_left, lower_right] = place(frame);
+                         return std::abs(upper_left.y - lower_right.y);
                        }},
 };
 
