@@ -6,6 +6,7 @@
 #include "component/method_table.h"
 #include "drawing/error.h"
 #include "drawing/utf8_path.h"
+#include "embedded/document_saving.h"
 
 // The commands about the session rather than the drawing's content.
 namespace velmar::cli {
@@ -61,14 +62,15 @@ void Interpreter::save(Words words) {
   if (document->read_only) {
     throw drawing::Error(run_.name_of(*document) + ": is write-protected; SAVEAS saves elsewhere");
   }
-  document->drawing.save(document->drawing.path());
+  embedded::save_document(*document, document->drawing.path());
   print("saved to " + run_.name_of(*document) + "\n");
 }
 
 void Interpreter::save_as(Words words) {
   const embedded::DocumentPointer document = active();
   const std::string file = dxf_name(only_word(words, "SAVEAS", "file"));
-  document->drawing.save(std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
+  embedded::save_document(
+      *document, std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
   document->read_only = false;
   print("saved to " + file + "\n");
 }

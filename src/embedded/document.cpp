@@ -14,6 +14,7 @@
 #include "embedded/dim_styles_object.h"
 #include "embedded/document_members.h"
 #include "embedded/document_name.h"
+#include "embedded/document_saving.h"
 #include "embedded/errors.h"
 #include "embedded/groups_object.h"
 #include "embedded/layer_object.h"
@@ -157,6 +158,7 @@ void Document::save_as(const std::string& name, std::optional<std::int32_t> type
   std::filesystem::path path =
       std::filesystem::absolute(drawing::utf8_path(name)).lexically_normal();
   const bool named_dxf = same_word(path.extension().string(), ".dxf");
+  std::string version = state_->save_version;
   if (type || !named_dxf) {
     const SaveFormat* format = find_save_format(type.value_or(session()->save_as_type));
     if (!format) throw invalid_argument("FileType", Member::SaveAs);
@@ -164,10 +166,12 @@ void Document::save_as(const std::string& name, std::optional<std::int32_t> type
       throw not_supported("Saving as " + std::string(format->extension.substr(1)) +
                           " (name a .dxf file or give a DXF file type)");
     }
-    if (format->version != state_->drawing.version()) {
+    const bool is_own = format->version == state_->drawing.version();
+    if (!is_own && drawing::find_release(format->version) == nullptr) {
       throw not_supported("Saving a drawing of release " + std::string(state_->drawing.version()) +
                           " as " + std::string(format->version));
     }
+    version = is_own ? std::string() : std::string(format->version);
     if (!named_dxf) path += ".dxf";
   }
   const auto open = session()->find(path);
@@ -175,7 +179,13 @@ void Document::save_as(const std::string& name, std::optional<std::int32_t> type
     throw failure(HostError::saving_failed,
                   "Error saving the document: " + path.string() + " is open");
   }
-  write(path);
+  std::swap(version, state_->save_version);
+  try {
+    write(path);
+  } catch (...) {
+    state_->save_version = std::move(version);
+    throw;
+  }
   state_->read_only = false;
 }
 
@@ -283,7 +293,10 @@ Value Document::space(drawing::SpaceId id) const {
 
 void Document::write(const std::filesystem::path& path) {
   try {
-    state_->drawing.save(path);
+    for (const drawing::Loss& loss : save_document(*state_, path)) {
+      input_.say("\r\nNot in release " + std::string(drawing::release_name(state_->save_version)) +
+                 ": " + std::to_string(loss.count) + " " + loss.what + ", " + loss.outcome + ".");
+    }
   } catch (const drawing::Error& error) {
     throw failure(HostError::saving_failed,
                   "Error saving the document: " + std::string(error.what()));

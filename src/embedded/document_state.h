@@ -28,7 +28,8 @@ struct DocumentState {
   std::vector<std::shared_ptr<SelectionState>> selections;
   std::vector<drawing::RecordId> previous_selection;
 
-  std::string name_until_saved;                   // "Drawing1.dwg"
+  std::string name_until_saved;  // "Drawing1.dwg"
+  std::string save_version;      // of the release it was last saved as; empty: its own
   drawing::Point last_point;                      // where the user last gave one
   std::optional<drawing::LayerId> current_layer;  // chosen since opening; see current.h
   std::map<std::string, basic::Value> variables;  // set since opening, by upper-case name
