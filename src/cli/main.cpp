@@ -8,6 +8,7 @@
 #include "cli/build_facts.h"
 #include "cli/command_line.h"
 #include "cli/console.h"
+#include "cli/process.h"
 #include "cli/usage_error.h"
 #include "drawing/error.h"
 
@@ -68,6 +69,7 @@ Action read_command_line(const std::vector<std::string>& words) {
 
 int main(int argc, char** argv) {
   velmar::cli::install_signal_handlers();
+  velmar::cli::end_with_parent();
   try {
     return static_cast<int>(read_command_line(velmar::cli::command_line(argc, argv))());
   } catch (const UsageError& error) {

@@ -8,6 +8,7 @@
 #include "component/method_table.h"
 #include "component/session.h"
 #include "drawing/error.h"
+#include "drawing/journal.h"
 #include "drawing/utf8_path.h"
 #include "embedded/host.h"
 #include "system/user_system.h"
@@ -27,7 +28,10 @@ std::shared_ptr<embedded::Application> start_host(embedded::Input& input,
 }  // namespace
 
 Run::Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal)
-    : application_(start_host(input, journal)), velmar_(system::user_system()) {
+    : application_(start_host(input, journal)),
+      velmar_(system::user_system([this](const std::vector<std::string>& found) {
+        if (watch_.listed) watch_.listed(found);
+      })) {
   embedded::DocumentPointer first;
   for (const std::string& file : files) {
     const embedded::DocumentPointer document = open(file);
@@ -79,6 +83,15 @@ std::string Run::name_of(const embedded::DocumentState& document) const {
   if (path.empty()) return document.name_until_saved;
   const auto given = given_names_.find(path.string());
   return given != given_names_.end() ? given->second : path.string();
+}
+
+void Run::watch(Watch watch) {
+  watch_ = std::move(watch);
+  application_->on_open(watch_.opening);
+}
+
+void Run::keep_journal(const fs::path& journal) {
+  application_->keep_journal(std::make_shared<drawing::Journal>(journal));
 }
 
 void Run::protect_files() {

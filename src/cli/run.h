@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <span>
@@ -39,11 +41,20 @@ class Run {
   embedded::DocumentPointer active() const;
   /// The drawing's file as the user gave it; where a method opened or named it, the whole path.
   std::string name_of(const embedded::DocumentState& document) const;
+  /// What watches a method that opens drawings itself.
+  struct Watch {
+    std::function<void(const std::vector<std::string>&)> listed;  // files of a folder
+    std::function<void(const std::filesystem::path&)> opening;    // what it throws ends the method
+  };
+  void watch(Watch watch);
+  /// Notes the saves from now on there, where no journal is kept yet.
+  void keep_journal(const std::filesystem::path& journal);
   /// From now on a method that saves a drawing in place fails.
   void protect_files();
 
  private:
   std::shared_ptr<embedded::Application> application_;
+  Watch watch_;
   Velmar16 velmar_;
   std::map<std::string, std::string> given_names_;  // by whole path
 };

@@ -69,8 +69,8 @@ void Interpreter::save(Words words) {
 void Interpreter::save_as(Words words) {
   const embedded::DocumentPointer document = active();
   const std::string file = dxf_name(only_word(words, "SAVEAS", "file"));
-  embedded::save_document(
-      *document, std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
+  embedded::save_document(*document,
+                          std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
   document->read_only = false;
   print("saved to " + file + "\n");
 }

@@ -150,7 +150,7 @@ void Document::save() {
     throw failure(HostError::saving_failed,
                   "Error saving the document: " + document_name(*state_) + " is read-only");
   }
-  write(state_->drawing.path());
+  write(state_->drawing.path(), state_->save_version);
 }
 
 void Document::save_as(const std::string& name, std::optional<std::int32_t> type) {
@@ -179,13 +179,7 @@ void Document::save_as(const std::string& name, std::optional<std::int32_t> type
     throw failure(HostError::saving_failed,
                   "Error saving the document: " + path.string() + " is open");
   }
-  std::swap(version, state_->save_version);
-  try {
-    write(path);
-  } catch (...) {
-    state_->save_version = std::move(version);
-    throw;
-  }
+  write(path, version);
   state_->read_only = false;
 }
 
@@ -291,9 +285,9 @@ Value Document::space(drawing::SpaceId id) const {
   return std::make_shared<BlockObject>(state_, id);
 }
 
-void Document::write(const std::filesystem::path& path) {
+void Document::write(const std::filesystem::path& path, const std::string& version) {
   try {
-    for (const drawing::Loss& loss : save_document(*state_, path)) {
+    for (const drawing::Loss& loss : save_document(*state_, path, version)) {
       input_.say("\r\nNot in release " + std::string(drawing::release_name(state_->save_version)) +
                  ": " + std::to_string(loss.count) + " " + loss.what + ", " + loss.outcome + ".");
     }

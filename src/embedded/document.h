@@ -67,7 +67,7 @@ class Document final : public PlainObject {
   std::shared_ptr<Session> session() const;
   std::shared_ptr<Document> self() const;
   Value space(drawing::SpaceId id) const;
-  void write(const std::filesystem::path& path);
+  void write(const std::filesystem::path& path, const std::string& version);
   void put_active_layer(const Value& value);
   Value active_text_style() const;
   void put_active_text_style(const Value& value);
