@@ -13,11 +13,6 @@ struct ColorValue {
   std::int32_t rgb = -1;
 };
 
-/// The colour of an index, 0xRRGGBB; by layer and by block are white.
-std::int32_t rgb_of_index(std::int32_t index);
-/// The index from 1 to 255 whose colour is nearest.
-std::int32_t nearest_index(std::int32_t rgb);
-
 /// What TrueColor gives: a colour of its own, with Red, Green, Blue, ColorIndex, ColorMethod,
 /// EntityColor and SetRGB. Changing it changes no entity until it is put back.
 std::shared_ptr<host::Object> make_color(ColorValue color);

@@ -39,14 +39,14 @@ until_rows 2
 for i in $(seq 200); do
   kill -9 $(child $pid) 2>ignored
   sleep 0.01
-  grep -q failed r.csv && break
+  grep -q crashed r.csv && break
 done
 wait $pid; echo "ended with $?"
-grep -q 'failed' r.csv && echo some failed
+grep -q crashed r.csv && echo some crashed
 (batch --resume); echo "then with $?"
 all_once
 )sh");
-  EXPECT_EQ(outcome.out, "ended with 4\nsome failed\nthen with 0\n") << outcome.err;
+  EXPECT_EQ(outcome.out, "ended with 4\nsome crashed\nthen with 0\n") << outcome.err;
 }
 
 TEST(StoppedBatch, IsResumedWithNothingAppliedTwice) {

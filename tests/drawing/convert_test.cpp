@@ -234,7 +234,7 @@ TEST(ConvertCodePages, KeepsCharactersByPageOrByNumber) {
 TEST(ConvertBetweenReleases, TakesTrueColoursAndGradientsAway) {
   const Drawing drawing =
       drawing_with("AC1032",
-                   "0 LINE 5 40 330 1F 100 AcDbEntity 8 0 62 30 420 16744448 440 33554559 100 "
+                   "0 LINE 5 40 330 1F 100 AcDbEntity 8 0 420 16744448 440 33554559 100 "
                    "AcDbLine 10 0 20 0 "
                    "30 0 11 1 21 0 31 0 "
                    "0 MULTILEADER 5 41 330 1F 100 AcDbEntity 8 0 100 AcDbMLeader 270 2");

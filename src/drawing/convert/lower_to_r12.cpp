@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "drawing/convert/newer_values.h"
 #include "drawing/convert/r12_entities.h"
 #include "drawing/convert/r12_header.h"
 #include "drawing/convert/r12_kinds.h"
@@ -17,10 +18,10 @@ namespace {
 
 /// Objects that a program has for itself, or that only say what R12 has no choice about.
 constexpr auto furniture = std::to_array<std::string_view>(
-    {"ACDBDICTIONARYWDFLT", "ACDBPLACEHOLDER", "ACDBDETAILVIEWSTYLE", "ACDBSECTIONVIEWSTYLE",
-     "CELLSTYLEMAP", "DICTIONARY", "DICTIONARYVAR", "LAYOUT", "MATERIAL", "MLEADERSTYLE",
-     "MLINESTYLE", "PLOTSETTINGS", "RASTERVARIABLES", "SCALE", "TABLESTYLE", "VISUALSTYLE",
-     "WIPEOUTVARIABLES"});
+    {"ACDBDICTIONARYWDFLT", "ACDBPLACEHOLDER", "ACDBPERSSUBENTMANAGER",
+     "ACDBASSOCPERSSUBENTMANAGER", "ACDBDETAILVIEWSTYLE", "ACDBSECTIONVIEWSTYLE", "CELLSTYLEMAP",
+     "DICTIONARY", "DICTIONARYVAR", "LAYOUT", "MATERIAL", "MLEADERSTYLE", "MLINESTYLE",
+     "PLOTSETTINGS", "RASTERVARIABLES", "SCALE", "TABLESTYLE", "VISUALSTYLE", "WIPEOUTVARIABLES"});
 
 class Lowering {
  public:
@@ -45,6 +46,10 @@ class Lowering {
     lower_entities(written_.entities);
     for (TagBlock& block : entities_.take_blocks()) written_.blocks.push_back(std::move(block));
     fit_names_to_r12(written_, losses_);
+    for (TagTable& table : written_.tables) {
+      for (TagRecord& row : table.rows) row.handle = 0;
+    }
+    for (TagBlock& block : written_.blocks) block.begin.handle = 0;
   }
 
  private:
@@ -107,13 +112,14 @@ class Lowering {
     }
     if (row.is("LAYER")) {
       if (find_tag(row.tags, 420)) losses_.add("true colours", "nearest index", row.handle);
+      name_nearest_index(row);
       if (integer_of(row.tags, 370, -3) >= 0) losses_.add("lineweights", "dropped", row.handle);
       if (integer_of(row.tags, 290, 1) == 0) {
         losses_.add("layers that are not plotted", "are plotted", row.handle);
       }
     }
     keep_r12_tags(row, false);
-    row.handle = row.owner = 0;
+    row.owner = 0;
   }
 
   /// R12 knows the blocks of arrowheads by their names.
@@ -131,7 +137,7 @@ class Lowering {
   void lower_block(TagBlock& block) {
     keep_r12_tags(block.begin, true);
     keep_r12_tags(block.end, true);
-    block.begin.handle = block.begin.owner = block.end.owner = 0;
+    block.begin.owner = block.end.owner = 0;
     for (TagValue& tag : block.begin.tags) {
       auto* const name = std::get_if<std::string>(&tag.value);
       if (name == nullptr || (tag.code != 2 && tag.code != 3)) continue;
@@ -161,6 +167,7 @@ class Lowering {
       return false;
     }
     count_looks(record);
+    name_nearest_index(record);
     if (is_r12_kind(record.kind)) {
       keep_entity(record, lowered);
       return true;
@@ -181,7 +188,9 @@ class Lowering {
 
   void count_looks(const TagRecord& record) {
     if (find_tag(record.tags, 420)) losses_.add("true colours", "nearest index", record.handle);
-    if (find_tag(record.tags, 440)) losses_.add("transparencies", "dropped", record.handle);
+    if (const TagValue* const tag = find_tag(record.tags, 440); tag && is_transparent(*tag)) {
+      losses_.add("transparencies", "dropped", record.handle);
+    }
     if (integer_of(record.tags, 370, -1) >= 0) losses_.add("lineweights", "dropped", record.handle);
     if (real_of(record.tags, 48, 1) != 1) {
       losses_.add("linetype scales of entities", "dropped", record.handle);

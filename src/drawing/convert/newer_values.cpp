@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "drawing/color_index.h"
 #include "drawing/convert/release.h"
 
 namespace velmar::drawing {
@@ -113,6 +114,7 @@ constexpr auto values = std::to_array<ValuesSince>({
 
 bool is_lost(const ValuesSince& row, const TagValue& tag) {
   if (row.loss.empty()) return false;
+  if (row.first == 440) return is_transparent(tag);
   if (row.subclass != "AcDbHatch") return tag.code == row.first;
   const auto* const kind = std::get_if<std::int64_t>(&tag.value);
   return tag.code == 450 && kind != nullptr && *kind != 0;
@@ -159,6 +161,14 @@ void drop_embedded(TagRecord& record, LossList& losses) {
   record.tags.erase(begin, end);
 }
 
+/// Of other records a group 420 means something else, or nothing in older ones.
+bool takes_colour(const TagRecord& record) {
+  const TagValue* const marker = find_tag(record.tags, 100);
+  if (marker == nullptr) return false;
+  const auto* const name = std::get_if<std::string>(&marker->value);
+  return record.is("LAYER") || (name != nullptr && *name == "AcDbEntity" && !record.is("MTEXT"));
+}
+
 }  // namespace
 
 std::string_view first_version_of_kind(std::string_view kind) {
@@ -175,8 +185,25 @@ bool is_solid_model(std::string_view kind) {
   return std::ranges::find(solids, kind) != solids.end();
 }
 
+bool is_transparent(const TagValue& tag) {
+  constexpr std::int64_t has_alpha = 0x02000000, alpha = 0xFF;
+  const auto* const value = std::get_if<std::int64_t>(&tag.value);
+  return value != nullptr && (*value & has_alpha) != 0 && (*value & alpha) != alpha;
+}
+
+void name_nearest_index(TagRecord& record) {
+  const auto end = record.tags.begin() + static_cast<std::ptrdiff_t>(xdata_of(record.tags));
+  const auto colour = std::find_if(record.tags.begin(), end, [](const TagValue& tag) {
+    return tag.code == 420 && std::holds_alternative<std::int64_t>(tag.value);
+  });
+  if (colour == end || find_tag(record.tags, 62) != nullptr) return;
+  const auto rgb = static_cast<std::int32_t>(std::get<std::int64_t>(colour->value));
+  record.tags.insert(colour, {62, std::int64_t{nearest_index(rgb)}});
+}
+
 void drop_newer_values(TagRecord& record, std::string_view version, LossList& losses) {
   if (version < r2018) drop_embedded(record, losses);
+  if (version < r2004 && takes_colour(record)) name_nearest_index(record);
   if (version < r2010 && record.is("HATCH")) drop_fit_points(record.tags);
   std::string subclass;
   bool in_group = false;
