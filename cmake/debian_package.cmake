@@ -13,8 +13,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-liberation)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "drawing-editing commands for CAD drafters
- Runs the methods of a toolbox for draftsmen, detailers and CAD managers on DXF
- drawings, text and binary, from R12 to the newest: texts, layers, lengths and
- areas, hatches, dimensions, whole folders. What a command does not change keeps
- every byte.")
+Runs the methods of a toolbox for draftsmen, detailers and CAD managers on DXF
+drawings, text and binary, from R12 to the newest: texts, layers, lengths and
+areas, hatches, dimensions, whole folders. What a command does not change keeps
+every byte.")
 include(CPack)
