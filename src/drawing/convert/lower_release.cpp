@@ -62,7 +62,7 @@ void add_fit_counts(Tags& tags) {
     if (in_spline && (code == 72 || code == 97)) {
       in_spline = false;
       const bool is_there = code == 97 && (next == 11 || next == 12 || next == 72 || next == 97);
-      if (!is_there) with.push_back({97, std::int64_t{0}});
+      if (!is_there) add_integer(with, 97, 0);
     }
     if (code == 72) in_spline = number != nullptr && *number == 4 && next == 94;
     with.push_back(tags[i]);
@@ -82,7 +82,8 @@ void count_classes(TagDrawing& drawing) {
     const auto flags = std::ranges::find(each.tags, 90, &TagValue::code);
     if (flags == each.tags.end() || find_tag(each.tags, 91) != nullptr) continue;
     const std::size_t count = count_of(drawing, text_of(each.tags, 1));
-    each.tags.insert(flags + 1, {91, static_cast<std::int64_t>(count)});
+    insert_tag(each.tags, static_cast<std::size_t>(flags - each.tags.begin()) + 1,
+               {91, static_cast<std::int64_t>(count)});
   }
 }
 

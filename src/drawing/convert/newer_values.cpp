@@ -198,7 +198,8 @@ void name_nearest_index(TagRecord& record) {
   });
   if (colour == end || find_tag(record.tags, 62) != nullptr) return;
   const auto rgb = static_cast<std::int32_t>(std::get<std::int64_t>(colour->value));
-  record.tags.insert(colour, {62, std::int64_t{nearest_index(rgb)}});
+  insert_tag(record.tags, static_cast<std::size_t>(colour - record.tags.begin()),
+             {62, std::int64_t{nearest_index(rgb)}});
 }
 
 void drop_newer_values(TagRecord& record, std::string_view version, LossList& losses) {

@@ -15,12 +15,10 @@ namespace {
 constexpr double degrees_per_radian = 180 / std::numbers::pi;
 
 void add_point(Tags& tags, int code, Point point) {
-  tags.push_back({code, point.x});
-  tags.push_back({code + 10, point.y});
-  tags.push_back({code + 20, point.z});
+  add_real(tags, code, point.x);
+  add_real(tags, code + 10, point.y);
+  add_real(tags, code + 20, point.z);
 }
-
-void add_integer(Tags& tags, int code, std::int64_t value) { tags.push_back({code, value}); }
 
 void add_normal(Tags& tags, Point normal) {
   if (normal != z_axis) add_point(tags, 210, normal);
@@ -105,11 +103,11 @@ std::vector<TagRecord> R12Entities::polyline(const TagRecord& record, const LwPo
   TagRecord head = record_like(record, "POLYLINE");
   add_integer(head.tags, 66, 1);
   add_point(head.tags, 10, {0, 0, polyline.elevation});
-  if (polyline.thickness != 0) head.tags.push_back({39, polyline.thickness});
+  if (polyline.thickness != 0) add_real(head.tags, 39, polyline.thickness);
   add_integer(head.tags, 70, polyline.flags & (1 | 128));
   if (polyline.constant_width != 0) {
-    head.tags.push_back({40, polyline.constant_width});
-    head.tags.push_back({41, polyline.constant_width});
+    add_real(head.tags, 40, polyline.constant_width);
+    add_real(head.tags, 41, polyline.constant_width);
   }
   add_normal(head.tags, polyline.normal);
   std::vector<TagRecord> made{std::move(head)};
@@ -118,10 +116,10 @@ std::vector<TagRecord> R12Entities::polyline(const TagRecord& record, const LwPo
         made.emplace_back(vertex_record(record, {vertex.x, vertex.y, polyline.elevation}, 0));
     const bool has_width = vertex.start_width != 0 || vertex.end_width != 0;
     if (has_width && polyline.constant_width == 0) {
-      part.tags.push_back({40, vertex.start_width});
-      part.tags.push_back({41, vertex.end_width});
+      add_real(part.tags, 40, vertex.start_width);
+      add_real(part.tags, 41, vertex.end_width);
     }
-    if (vertex.bulge != 0) part.tags.push_back({42, vertex.bulge});
+    if (vertex.bulge != 0) add_real(part.tags, 42, vertex.bulge);
   }
   made.push_back(seqend_record(record));
   return made;
@@ -161,14 +159,14 @@ std::vector<TagRecord> R12Entities::texts(const TagRecord& record, const MText& 
       add_integer(line.tags, 62, run.color);
     }
     add_point(line.tags, 10, to_plane(run.origin));
-    line.tags.push_back({40, run.height});
-    line.tags.push_back({1, run.text});
+    add_real(line.tags, 40, run.height);
+    add_text(line.tags, 1, run.text);
     if (along.y != 0 || along.x < 0) {
-      line.tags.push_back({50, std::atan2(along.y, along.x) * degrees_per_radian});
+      add_real(line.tags, 50, std::atan2(along.y, along.x) * degrees_per_radian);
     }
-    line.tags.push_back({41, run.width_factor});
-    if (run.oblique != 0) line.tags.push_back({51, run.oblique * degrees_per_radian});
-    line.tags.push_back({7, text.style});
+    add_real(line.tags, 41, run.width_factor);
+    if (run.oblique != 0) add_real(line.tags, 51, run.oblique * degrees_per_radian);
+    add_text(line.tags, 7, text.style);
     add_normal(line.tags, text.normal);
     made.push_back(std::move(line));
   }
@@ -191,7 +189,7 @@ std::vector<TagRecord> R12Entities::hatch(const TagRecord& record, const Hatch& 
                  {},
                  {"ENDBLK", written_.new_handle(), 0, {{8, "0"}}, {}}};
   add_point(block.begin.tags, 10, {});
-  block.begin.tags.push_back({3, name});
+  add_text(block.begin.tags, 3, name);
   block.begin.tags.push_back({1, ""});
   const Matrix to_world = ocs_to_world(hatch.normal);
   for (const HatchSegment& segment : segments) {
@@ -204,7 +202,7 @@ std::vector<TagRecord> R12Entities::hatch(const TagRecord& record, const Hatch& 
   }
   blocks_.push_back(std::move(block));
   TagRecord reference = record_like(record, "INSERT");
-  reference.tags.push_back({2, name});
+  add_text(reference.tags, 2, name);
   add_point(reference.tags, 10, {});
   return {std::move(reference)};
 }
@@ -222,11 +220,11 @@ std::optional<TagRecord> drawn_reference(const TagRecord& record) {
   reference.tags.push_back({100, "AcDbEntity"});
   for (TagValue& tag : common_tags(record)) reference.tags.push_back(std::move(tag));
   reference.tags.push_back({100, "AcDbBlockReference"});
-  reference.tags.push_back({2, block});
+  add_text(reference.tags, 2, block);
   const auto at = [&](int code) { return is_table ? real_of(record.tags, code) : 0.0; };
   add_point(reference.tags, 10, {at(10), at(20), at(30)});
   if (is_table && (at(21) != 0 || at(11) < 0)) {
-    reference.tags.push_back({50, std::atan2(at(21), at(11)) * degrees_per_radian});
+    add_real(reference.tags, 50, std::atan2(at(21), at(11)) * degrees_per_radian);
   }
   return reference;
 }

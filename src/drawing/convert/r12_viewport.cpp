@@ -58,7 +58,7 @@ double value_of(const Tags& tags, int code, double otherwise) {
 }
 
 void add_point(Tags& tags, int code, const std::array<double, 3>& point) {
-  for (int i = 0; i < 3; ++i) tags.push_back({code + 10 * i, point[static_cast<std::size_t>(i)]});
+  for (int i = 0; i < 3; ++i) add_real(tags, code + 10 * i, point[static_cast<std::size_t>(i)]);
 }
 
 /// Behind the view centre and direction.
@@ -132,7 +132,7 @@ void lower_viewport(TagRecord& viewport, const std::map<Handle, std::string>& la
 void lift_viewport(TagRecord& viewport, const std::map<std::string, Handle>& layer_handles) {
   const MView view = read_view(view_data(viewport.tags));
   Tags lifted = common_tags(viewport);
-  lifted.insert(lifted.begin(), {100, "AcDbEntity"});
+  insert_tag(lifted, 0, {100, "AcDbEntity"});
   lifted.push_back({100, "AcDbViewport"});
   for (const int code : {10, 20, 30, 40, 41, 68, 69}) {
     if (const TagValue* const tag = find_tag(viewport.tags, code)) lifted.push_back(*tag);

@@ -180,8 +180,7 @@ class RequiredParts {
       if (!named || object(handle_of(*named)) == nullptr) {
         const Handle layout = drawing_.new_handle();
         std::erase_if(row.tags, [](const TagValue& tag) { return tag.code == 340; });
-        row.tags.insert(row.tags.begin() + static_cast<std::ptrdiff_t>(xdata_of(row.tags)),
-                        handle_tag(340, layout));
+        insert_tag(row.tags, xdata_of(row.tags), handle_tag(340, layout));
         add_to(dictionary, name, layout_record(layout, name, tab, row.handle));
       }
       ++tab;
@@ -194,8 +193,8 @@ class RequiredParts {
     TagRecord made{"LAYOUT", handle, 0, {{100, "AcDbPlotSettings"}, {1, ""}}, {}};
     Tags& tags = made.tags;
     tags.insert(tags.end(), {{2, "none_device"}, {4, ""}, {6, ""}});
-    for (int code = 40; code <= 49; ++code) tags.push_back({code, 0.0});
-    for (int code = 140; code <= 141; ++code) tags.push_back({code, 0.0});
+    for (int code = 40; code <= 49; ++code) add_real(tags, code, 0);
+    for (int code = 140; code <= 141; ++code) add_real(tags, code, 0);
     tags.insert(tags.end(), {{142, 1.0},
                              {143, 1.0},
                              {70, tab == 0 ? model_flags : sheet_flags},
@@ -215,8 +214,8 @@ class RequiredParts {
                                              {32, 0}, {14, 0},  {24, 0},  {34, 0}, {15, 0}, {25, 0},
                                              {35, 0}, {146, 0}, {13, 0},  {23, 0}, {33, 0}, {16, 1},
                                              {26, 0}, {36, 0},  {17, 0},  {27, 1}, {37, 0}};
-    for (const auto& [code, value] : points) tags.push_back({code, value});
-    tags.push_back({76, zero});
+    for (const auto& [code, value] : points) add_real(tags, code, value);
+    add_integer(tags, 76, 0);
     tags.push_back(handle_tag(330, row));
     return made;
   }
@@ -257,8 +256,7 @@ class RequiredParts {
     const Handle normal = entry(*object(dictionary), "Normal");
     for (TagRecord& layer : drawing_.table("LAYER")->rows) {
       if (normal == 0 || find_tag(layer.tags, 390)) continue;
-      layer.tags.insert(layer.tags.begin() + static_cast<std::ptrdiff_t>(xdata_of(layer.tags)),
-                        handle_tag(390, normal));
+      insert_tag(layer.tags, xdata_of(layer.tags), handle_tag(390, normal));
     }
   }
 

@@ -163,8 +163,7 @@ class RequiredTables {
     const TagRecord* const standard = drawing_.row("STYLE", "Standard");
     for (TagRecord& row : drawing_.table("DIMSTYLE")->rows) {
       if (find_tag(row.tags, 340)) continue;
-      const auto at = row.tags.begin() + static_cast<std::ptrdiff_t>(xdata_of(row.tags));
-      row.tags.insert(at, handle_tag(340, standard->handle));
+      insert_tag(row.tags, xdata_of(row.tags), handle_tag(340, standard->handle));
     }
   }
 

@@ -43,6 +43,19 @@ TagBlock* TagDrawing::block(std::string_view name) {
   return found == blocks.end() ? nullptr : &*found;
 }
 
+void add_real(Tags& tags, int code, double value) { tags.push_back({code, value}); }
+
+void add_integer(Tags& tags, int code, std::int64_t value) { tags.push_back({code, value}); }
+
+void add_text(Tags& tags, int code, std::string_view value) {
+  tags.push_back({code, std::string(value)});
+}
+
+void insert_tag(Tags& tags, std::size_t at, TagValue tag) {
+  tags.push_back(std::move(tag));
+  std::rotate(tags.begin() + static_cast<std::ptrdiff_t>(at), tags.end() - 1, tags.end());
+}
+
 std::size_t xdata_of(const Tags& tags) {
   const auto found =
       std::ranges::find_if(tags, [](const TagValue& tag) { return tag.code >= 1000; });

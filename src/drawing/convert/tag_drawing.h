@@ -82,6 +82,11 @@ double real_of(const Tags& tags, int code, double otherwise = 0);
 /// The handle that is a tag's value; 0 where it is none.
 Handle handle_of(const TagValue& tag);
 TagValue handle_tag(int code, Handle handle);
+void add_real(Tags& tags, int code, double value);
+void add_integer(Tags& tags, int code, std::int64_t value);
+void add_text(Tags& tags, int code, std::string_view value);
+/// Before the tag of that position.
+void insert_tag(Tags& tags, std::size_t at, TagValue tag);
 /// Where extended data begins.
 std::size_t xdata_of(const Tags& tags);
 /// The name of a row or of a BLOCK.
