@@ -14,7 +14,8 @@ enum class ExitCode {
   method_failed = 1,
   wrong_usage = 2,
   drawing_failed = 3,
-  some_failed = 4
+  some_failed = 4,
+  interrupted = 130
 };
 
 /// The work that the command line asks for.
@@ -24,6 +25,7 @@ using Action = std::function<ExitCode()>;
 void add_call(CLI::App& program, Action& action);
 void add_methods(CLI::App& program, Action& action);
 void add_info(CLI::App& program, Action& action);
+void add_convert(CLI::App& program, Action& action);
 void add_script(CLI::App& program, Action& action);
 void add_console(CLI::App& program, Action& action);
 void add_batch(CLI::App& program, Action& action);
@@ -31,5 +33,6 @@ void add_undo(CLI::App& program, Action& action);
 void add_diff(CLI::App& program, Action& action);
 void add_doctor(CLI::App& program, Action& action);
 void add_render(CLI::App& program, Action& action);
+void add_print(CLI::App& program, Action& action);
 
 }  // namespace velmar::cli

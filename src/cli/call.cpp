@@ -12,6 +12,7 @@
 #include "cli/arguments.h"
 #include "cli/call_report.h"
 #include "cli/console.h"
+#include "cli/folder_watch.h"
 #include "cli/method_lookup.h"
 #include "cli/run.h"
 #include "cli/saving.h"
@@ -72,7 +73,14 @@ ExitCode call_method(const CallOptions& options) {
   try {
     Run run(options.drawings, input, options.saving.journal);
     if (options.saving.dry_run) run.begin_dry_run();
-    run.call(record);
+    FolderWatch folder(run, options.saving.journal);
+    try {
+      run.call(record);
+      folder.check();
+    } catch (const Cancelled&) {
+      complain(folder.take_back());
+      return ExitCode::interrupted;
+    }
     record.transcript = input.transcript();
     if (!record.failure && input.left() > 0) {
       complain("answers that were not asked for: " + std::to_string(input.left()));

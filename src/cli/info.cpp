@@ -6,6 +6,8 @@
 #include "cli/action.h"
 #include "cli/console.h"
 #include "cli/info_report.h"
+#include "cli/sums.h"
+#include "cli/usage_error.h"
 #include "drawing/utf8_path.h"
 
 namespace velmar::cli {
@@ -13,7 +15,7 @@ namespace {
 
 struct InfoOptions {
   std::vector<std::string> drawings;
-  bool json = false, check = false;
+  bool json = false, check = false, sums = false, csv = false;
 };
 
 /// --check says what is wrong and nothing else.
@@ -83,6 +85,27 @@ ExitCode print_tables(const std::vector<std::string>& files) {
   return failed ? ExitCode::drawing_failed : ExitCode::done;
 }
 
+ExitCode print_sums(const InfoOptions& options) {
+  ExitCode result = ExitCode::done;
+  Json all = Json::array();
+  bool first = true;
+  for (const std::string& file : options.drawings) {
+    try {
+      const auto found = sums(drawing::Drawing::open(drawing::utf8_path(file)));
+      if (options.json) all.push_back(sums_json(file, found));
+      if (options.csv) print(sums_csv(file, found, first));
+      if (!options.json && !options.csv) print((first ? "" : "\n") + sums_text(file, found));
+      first = false;
+    } catch (const drawing::Error& error) {
+      result = ExitCode::drawing_failed;
+      complain(error.what());
+      all.push_back({{"file", file}, {"error", drawing_error(error.what())}});
+    }
+  }
+  if (options.json) print(to_text(all.size() == 1 ? all.front() : all));
+  return result;
+}
+
 }  // namespace
 
 void add_info(CLI::App& program, Action& action) {
@@ -94,8 +117,15 @@ void add_info(CLI::App& program, Action& action) {
   info->add_flag("--check", options->check,
                  "Only tell what is wrong: values, broken references, names without a definition; "
                  "exit code 1 where anything is");
+  info->add_flag("--sums", options->sums, "Lengths and areas of model space, by layer and kind");
+  info->add_flag("--csv", options->csv, "Write the sums as comma-separated values");
   info->callback([options, &action] {
+    if (options->csv && (!options->sums || options->json)) {
+      throw UsageError("--csv goes with --sums, and without --json");
+    }
+    if (options->sums && options->check) throw UsageError("give --sums or --check, not both");
     action = [options] {
+      if (options->sums) return print_sums(*options);
       if (options->check) return check(*options);
       return options->json ? print_json(options->drawings) : print_tables(options->drawings);
     };

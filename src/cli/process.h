@@ -29,6 +29,11 @@ class Process {
   std::unique_ptr<Handle> handle_;
 };
 
+/// In a program that was started as a Process: from now on it is killed when that which started it
+/// dies, however that happens, so that it does not save a drawing that nobody waits for. Nothing in
+/// others, and on Windows.
+void end_with_parent();
+
 /// The file of the program that is running.
 std::string own_program();
 

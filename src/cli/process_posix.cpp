@@ -2,8 +2,11 @@
 #include <sched.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <thread>
 
@@ -13,6 +16,26 @@
 extern char** environ;
 
 namespace velmar::cli {
+namespace {
+
+constexpr std::string_view parent_variable = "VELMAR_PARENT";
+
+/// The environment with what end_with_parent looks for.
+std::vector<std::string> environment_of_child() {
+  std::vector<std::string> all;
+  for (char** each = environ; *each != nullptr; ++each) all.emplace_back(*each);
+  all.push_back(std::string(parent_variable) + "=" + std::to_string(::getpid()));
+  return all;
+}
+
+std::vector<char*> pointers(const std::vector<std::string>& words) {
+  std::vector<char*> all;
+  for (const std::string& word : words) all.push_back(const_cast<char*>(word.c_str()));
+  all.push_back(nullptr);
+  return all;
+}
+
+}  // namespace
 
 struct Process::Handle {
   pid_t id = 0;
@@ -22,9 +45,8 @@ struct Process::Handle {
 Process::Process(const std::vector<std::string>& command, const std::filesystem::path& output,
                  const std::filesystem::path& errors)
     : handle_(std::make_unique<Handle>()) {
-  std::vector<char*> words;
-  for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
-  words.push_back(nullptr);
+  const std::vector<std::string> environment = environment_of_child();
+  const std::vector<char*> words = pointers(command), variables = pointers(environment);
 
   constexpr int writing = O_WRONLY | O_CREAT | O_TRUNC, private_file = 0600;
   posix_spawn_file_actions_t files;
@@ -36,7 +58,8 @@ Process::Process(const std::vector<std::string>& command, const std::filesystem:
   posix_spawnattr_init(&attributes);
   // A group of its own: Ctrl-C at the terminal is for us to pass on.
   posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
-  const int error = posix_spawn(&handle_->id, words[0], &files, &attributes, words.data(), environ);
+  const int error =
+      posix_spawn(&handle_->id, words[0], &files, &attributes, words.data(), variables.data());
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&files);
   if (error != 0) {
@@ -61,6 +84,14 @@ std::optional<int> Process::ended() {
 
 void Process::kill() {
   if (!handle_->ended) ::kill(handle_->id, SIGKILL);
+}
+
+void end_with_parent() {
+  const char* const parent = std::getenv(parent_variable.data());
+  if (parent == nullptr) return;
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  // It may have died before that.
+  if (std::to_string(::getppid()) != parent) ::raise(SIGKILL);
 }
 
 std::string own_program() { return std::filesystem::read_symlink("/proc/self/exe").string(); }

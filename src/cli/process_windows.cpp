@@ -87,6 +87,8 @@ void Process::kill() {
   if (!ended()) ::TerminateProcess(handle_->process.get(), 1);
 }
 
+void end_with_parent() {}
+
 std::string own_program() { return embedded::program_path().string(); }
 
 unsigned processors() { return std::max(1U, std::thread::hardware_concurrency()); }

@@ -14,11 +14,16 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
+  /// There is more to do than was known.
+  void expect(std::size_t more) { all_ += more; }
+  void show(std::size_t done);
   void show(std::size_t done, std::size_t failed);
   /// Takes the bar away until the next show(), so that a message can be written.
   void clear();
 
  private:
+  void draw(std::size_t done, const std::string& rest);
+
   std::size_t all_;
   bool on_terminal_;
   bool shown_ = false;

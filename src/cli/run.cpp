@@ -9,6 +9,7 @@
 #include "component/method_table.h"
 #include "component/session.h"
 #include "drawing/error.h"
+#include "drawing/journal.h"
 #include "drawing/utf8_path.h"
 #include "embedded/host.h"
 #include "system/user_system.h"
@@ -31,7 +32,9 @@ std::shared_ptr<embedded::Application> start_host(embedded::Input& input,
 Run::Run(std::span<const std::string> files, embedded::Input& input, const std::string& journal,
          Session session)
     : application_(start_host(input, journal, session != Session::one_call)),
-      velmar_(system::user_system()) {
+      velmar_(system::user_system([this](const std::vector<std::string>& found) {
+        if (watch_.listed) watch_.listed(found);
+      })) {
   embedded::DocumentPointer first;
   for (const std::string& file : files) {
     const embedded::DocumentPointer document = open(file);
@@ -112,6 +115,15 @@ void Run::note(embedded::FileNote note) {
   }
   const std::string saved_to = note.saved_to.empty() ? std::string() : shown(note.saved_to);
   running_->drawings.push_back({shown(note.drawing), std::move(note.changes), saved_to});
+}
+
+void Run::watch(Watch watch) {
+  watch_ = std::move(watch);
+  application_->on_open(watch_.opening);
+}
+
+void Run::keep_journal(const fs::path& journal) {
+  application_->keep_journal(std::make_shared<drawing::Journal>(journal));
 }
 
 }  // namespace velmar::cli

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <span>
@@ -47,6 +49,14 @@ class Run {
   /// The drawing's file as the user gave it; where a method opened or named it, below the
   /// current folder or whole.
   std::string name_of(const embedded::DocumentState& document) const;
+  /// What watches a method that opens drawings itself.
+  struct Watch {
+    std::function<void(const std::vector<std::string>&)> listed;  // files of a folder
+    std::function<void(const std::filesystem::path&)> opening;    // what it throws ends the method
+  };
+  void watch(Watch watch);
+  /// Notes the saves from now on there, where no journal is kept yet.
+  void keep_journal(const std::filesystem::path& journal);
   /// From now on a method that saves a drawing writes nothing.
   void begin_dry_run();
   /// The user called the drawing's file so.
@@ -57,6 +67,7 @@ class Run {
   std::string shown(const std::string& file) const;
 
   std::shared_ptr<embedded::Application> application_;
+  Watch watch_;
   Velmar16 velmar_;
   std::map<std::string, std::string> given_names_;  // by whole path
   CallRecord* running_ = nullptr;

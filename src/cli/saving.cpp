@@ -7,6 +7,7 @@
 #include "cli/drawing_files.h"
 #include "cli/usage_error.h"
 #include "drawing/utf8_path.h"
+#include "embedded/document_saving.h"
 
 namespace velmar::cli {
 namespace {
@@ -39,7 +40,7 @@ void save_to(embedded::DocumentState& document, const std::string& target, bool 
       throw drawing::Error(target + ": is write-protected; give --output to save elsewhere");
     }
     if (backup) keep_backup(target);
-    document.drawing.save(drawing::utf8_path(target));
+    embedded::save_document(document, drawing::utf8_path(target));
     record.drawings.back().saved_to = target;
   } catch (const drawing::Error& error) {
     if (record.drawing_failure) complain(*record.drawing_failure);

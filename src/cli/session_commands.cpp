@@ -7,6 +7,7 @@
 #include "cli/usage_error.h"
 #include "drawing/error.h"
 #include "drawing/utf8_path.h"
+#include "embedded/document_saving.h"
 #include "embedded/picked.h"
 #include "embedded/undo.h"
 
@@ -87,7 +88,7 @@ void Interpreter::save(embedded::DocumentState& document) const {
   if (document.read_only) {
     throw drawing::Error(run_.name_of(document) + ": is write-protected; SAVEAS saves elsewhere");
   }
-  document.drawing.save(document.drawing.path());
+  embedded::save_document(document, document.drawing.path());
   print("saved to " + run_.name_of(document) + "\n");
 }
 
@@ -100,7 +101,8 @@ void Interpreter::save_as(Words words) {
   const embedded::DocumentPointer document = active();
   const std::string file = only_word(words, "SAVEAS", "file");
   require_dxf_name(file);
-  document->drawing.save(std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
+  embedded::save_document(*document,
+                          std::filesystem::absolute(drawing::utf8_path(file)).lexically_normal());
   document->read_only = false;
   run_.note_name(*document, file);
   print("saved to " + file + "\n");

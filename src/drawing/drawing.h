@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "drawing/convert/conversion.h"
 #include "drawing/dimension/variables.h"
 #include "drawing/entities/layer_row.h"
 #include "drawing/entities/linetype_row.h"
@@ -255,13 +256,19 @@ class Drawing {
   /// whole. Refused where the target is the file this was read from and it has changed since.
   /// Afterwards the drawing is the file of that path.
   void save(const std::filesystem::path& path);
+  /// Saves what convert() gave. In memory the drawing stays what it was, and counts as saved.
+  void save(const std::filesystem::path& path, const Conversion& conversion);
   /// From now on every save is noted there before it takes effect.
   void keep_journal(std::shared_ptr<Journal> journal);
   /// The whole drawing as it would be saved.
   std::string bytes() const;
+  /// The same in another form or release. Fails where a value has no room in binary form, and for
+  /// records of which a line is no DXF.
+  Conversion convert(const ConversionTarget& target) const;
 
  private:
   explicit Drawing(std::unique_ptr<Store> store);
+  void save_pieces(const std::filesystem::path& path, const std::vector<std::string_view>& pieces);
   std::unique_ptr<Store> store_;
 };
 

@@ -119,6 +119,18 @@ Changes Drawing::changes() const {
 bool Drawing::is_changed() const { return store_->content != store_->saved_content; }
 
 void Drawing::save(const std::filesystem::path& path) {
+  settle_erased(*store_);
+  const Pieces pieces(*store_);
+  save_pieces(path, pieces.list());
+}
+
+void Drawing::save(const std::filesystem::path& path, const Conversion& conversion) {
+  save_pieces(path, {conversion.bytes});
+  store_->saved_converted = true;
+}
+
+void Drawing::save_pieces(const std::filesystem::path& path,
+                          const std::vector<std::string_view>& pieces) {
   std::error_code error;
   const bool same_file =
       !store_->path.empty() && std::filesystem::equivalent(path, store_->path, error);
@@ -127,12 +139,11 @@ void Drawing::save(const std::filesystem::path& path) {
                 ": has changed since it was opened; nothing was saved. Open it again, or save "
                 "under another name");
   }
-  settle_erased(*store_);
-  const Pieces pieces(*store_);
   FileWriter file(path);
-  file.write(pieces.list());
+  file.write(pieces);
   if (store_->journal) {
-    store_->journal->add(save_entry(*store_, path, same_file, pieces.list()));
+    const bool is_source = same_file && !store_->saved_converted;
+    store_->journal->add(save_entry(*store_, path, is_source, pieces));
   }
   file.finish();
   store_->path = path;

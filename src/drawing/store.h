@@ -76,8 +76,9 @@ struct Store {
   std::shared_ptr<Journal> journal;              // of saves; null: none is kept
   std::optional<FileStamp> stamp;                // of the file at `path` as this drawing knows it
   bool any_erased = false;
-  bool gave_handles = false;                               // written ones: then $HANDSEED follows
-  Handle handle_seed = 1;                                  // what it is then
+  bool saved_converted = false;  // the file at `path` is no more what this was read from
+  bool gave_handles = false;     // written ones: then $HANDSEED follows
+  Handle handle_seed = 1;        // what it is then
   mutable std::optional<std::set<SpaceId>> shared_blocks;  // see Drawing::is_drawn_by_several
   std::uint64_t latest_drawn_block = 0;  // the number of the newest block *Dn, once one was added
   // Positions of spaces by their names, of the first `indexed_spaces`.

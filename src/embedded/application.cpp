@@ -159,6 +159,14 @@ Session::DocumentObject Application::object_of(const DocumentPointer& document) 
   throw failure(HostError::disconnected);
 }
 
+void Application::keep_journal(const std::shared_ptr<drawing::Journal>& journal) {
+  if (session_->journal) return;
+  session_->journal = journal;
+  for (const auto& document : session_->documents()) {
+    document->state()->drawing.keep_journal(journal);
+  }
+}
+
 std::vector<DocumentPointer> Application::documents() const {
   std::vector<DocumentPointer> states;
   for (const auto& document : session_->documents()) states.push_back(document->state());

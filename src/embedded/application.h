@@ -28,6 +28,12 @@ class Application final : public PlainObject {
   void close(const DocumentPointer& document);
   /// What Quit does after closing the drawings. Until this is set Quit is not available.
   void on_quit(std::function<void()> action) { session_->quit = std::move(action); }
+  /// Before each drawing that a command opens from now on; what it throws ends the command.
+  void on_open(std::function<void(const std::filesystem::path&)> watch) {
+    session_->on_open = std::move(watch);
+  }
+  /// Notes every save from now on there, where none is kept yet.
+  void keep_journal(const std::shared_ptr<drawing::Journal>& journal);
   /// Between two commands: the active drawing is there again after an Open that failed.
   void forget_failed_open() { session_->forget_failed_open(); }
   /// From now on saving goes well and writes nothing.

@@ -14,6 +14,7 @@
 #include "embedded/dim_styles_object.h"
 #include "embedded/document_members.h"
 #include "embedded/document_name.h"
+#include "embedded/document_saving.h"
 #include "embedded/errors.h"
 #include "embedded/groups_object.h"
 #include "embedded/layer_object.h"
@@ -144,7 +145,7 @@ void Document::save() {
     throw saving_failed(state_->name_until_saved + " has no file yet; give it a name with SaveAs");
   }
   if (state_->read_only) throw saving_failed(document_name(*state_) + " is read-only");
-  write(state_->drawing.path());
+  write(state_->drawing.path(), state_->save_version);
 }
 
 void Document::save_as(const std::string& name, std::optional<std::int32_t> type) {
@@ -152,6 +153,7 @@ void Document::save_as(const std::string& name, std::optional<std::int32_t> type
   std::filesystem::path path =
       std::filesystem::absolute(drawing::utf8_path(name)).lexically_normal();
   const bool named_dxf = same_word(path.extension().string(), ".dxf");
+  std::string version = state_->save_version;
   if (type || !named_dxf) {
     const SaveFormat* format = find_save_format(type.value_or(session()->save_as_type));
     if (!format) throw invalid_argument("FileType", Member::SaveAs);
@@ -159,17 +161,19 @@ void Document::save_as(const std::string& name, std::optional<std::int32_t> type
       throw not_supported("Saving as " + std::string(format->extension.substr(1)) +
                           " (name a .dxf file or give a DXF file type)");
     }
-    if (format->version != state_->drawing.version()) {
+    const bool is_own = format->version == state_->drawing.version();
+    if (!is_own && drawing::find_release(format->version) == nullptr) {
       throw not_supported("Saving a drawing of release " + std::string(state_->drawing.version()) +
                           " as " + std::string(format->version));
     }
+    version = is_own ? std::string() : std::string(format->version);
     if (!named_dxf) path += ".dxf";
   }
   const auto open = session()->find(path);
   if (open && open != self()) {
     throw saving_failed(path.string() + " is open");
   }
-  write(path);
+  write(path, version);
   state_->read_only = false;
 }
 
@@ -275,16 +279,18 @@ Value Document::space(drawing::SpaceId id) const {
   return std::make_shared<BlockObject>(state_, id);
 }
 
-void Document::write(const std::filesystem::path& path) {
+void Document::write(const std::filesystem::path& path, const std::string& version) {
   FileNote note{.drawing = document_full_name(*state_), .changes = state_->drawing.changes()};
+  if (session()->dry_run) return session()->on_file(std::move(note));
   try {
-    if (!session()->dry_run) {
-      state_->drawing.save(path);
-      note.saved_to = path.string();
+    for (const drawing::Loss& loss : save_document(*state_, path, version)) {
+      input_.say("\r\nNot in release " + std::string(drawing::release_name(state_->save_version)) +
+                 ": " + std::to_string(loss.count) + " " + loss.what + ", " + loss.outcome + ".");
     }
   } catch (const drawing::Error& error) {
     throw saving_failed(error.what());
   }
+  note.saved_to = path.string();
   session()->on_file(std::move(note));
 }
 

@@ -37,7 +37,8 @@ class Document final : public PlainObject {
   void save();
   /// The drawing is that file from now on. The extension of the type is appended where the name
   /// has another one. Without a type: a name that ends in ".dxf", or what Preferences say.
-  /// Only the DXF type of the drawing's own release can be written.
+  /// Of another release what that cannot hold is left out, and told on the command line; the
+  /// drawing in memory keeps it. DXF of R13 and R14, and DWG, cannot be written.
   void save_as(const std::string& name, std::optional<std::int32_t> type);
   /// Saves first where wanted; where that fails the drawing stays open.
   void close(std::optional<bool> save_changes, const std::optional<std::string>& name);
@@ -66,7 +67,7 @@ class Document final : public PlainObject {
   std::shared_ptr<Session> session() const;
   std::shared_ptr<Document> self() const;
   Value space(drawing::SpaceId id) const;
-  void write(const std::filesystem::path& path);
+  void write(const std::filesystem::path& path, const std::string& version);
   /// The failure to throw; it is told of as a note.
   basic::Failure saving_failed(const std::string& why);
   void put_active_layer(const Value& value);

@@ -28,8 +28,9 @@ struct DocumentState {
   std::vector<std::shared_ptr<SelectionState>> selections;
   std::vector<drawing::RecordId> previous_selection;
 
-  std::string name_until_saved;                   // "Drawing1.dwg"
-  drawing::Point last_point;                      // where the user last gave one
+  std::string name_until_saved;  // "Drawing1.dwg"
+  std::string save_version;      // of the release it was last saved as; empty: its own
+  drawing::Point last_point;     // where the user last gave one
   std::optional<drawing::LayerId> current_layer;  // chosen since opening; see current.h
   std::map<std::string, basic::Value> variables;  // set since opening, by upper-case name
   std::weak_ptr<basic::Referenced> application, document;

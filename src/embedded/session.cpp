@@ -79,6 +79,7 @@ Session::DocumentObject Session::open_file(const fs::path& path, bool read_only)
     return already;
   }
   const fs::path full = fs::absolute(path).lexically_normal();
+  if (on_open) on_open(full);
   const DocumentObject document = begin(readable([&] { return drawing::Drawing::open(full); }));
   document->state()->read_only = read_only || is_write_protected(full);
   return document;

@@ -51,6 +51,8 @@ class Session : public std::enable_shared_from_this<Session> {
   std::int32_t auto_save_interval = 10, incremental_save_percent = 50;
   bool create_backup = false;
   std::weak_ptr<basic::Referenced> application;
+  /// Called before a drawing is opened; what it throws ends what opens it.
+  std::function<void(const std::filesystem::path&)> on_open;
   std::function<void()> quit;  // ends the program that runs the host, where it can be ended
 
  private:

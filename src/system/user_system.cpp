@@ -9,8 +9,12 @@
 namespace velmar::system {
 namespace {
 
+using OnListed = std::function<void(const std::vector<std::string>&)>;
+
 class UserSystem : public System {
  public:
+  explicit UserSystem(OnListed on_listed) : on_listed_(std::move(on_listed)) {}
+
   basic::Separators separators() const override { return user_separators(); }
   char16_t through_ansi(char16_t unit) const override { return through_user_code_page(unit); }
   std::string setting(const SettingName& name) const override { return read_setting(name); }
@@ -22,7 +26,9 @@ class UserSystem : public System {
   }
   char path_separator() const override { return separator_of_paths; }
   std::vector<std::string> files(std::string_view folder) const override {
-    return list_folder(folder, Listed::files);
+    std::vector<std::string> listed = list_folder(folder, Listed::files);
+    if (on_listed_) on_listed_(listed);
+    return listed;
   }
   std::vector<std::string> subfolders(std::string_view folder) const override {
     return list_folder(folder, Listed::folders);
@@ -37,10 +43,15 @@ class UserSystem : public System {
   void browse(std::string_view folder) override { show_folder(folder); }
   std::int32_t tick_count() const override { return milliseconds_since_start(); }
   void process_events() override { let_events_be_handled(); }
+
+ private:
+  OnListed on_listed_;
 };
 
 }  // namespace
 
-std::shared_ptr<System> user_system() { return std::make_shared<UserSystem>(); }
+std::shared_ptr<System> user_system(OnListed on_listed) {
+  return std::make_shared<UserSystem>(std::move(on_listed));
+}
 
 }  // namespace velmar::system

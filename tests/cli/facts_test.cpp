@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -28,10 +29,10 @@ std::vector<std::string> names_of_facts() {
   return names;
 }
 
-json info_of(const std::string& file) {
+json info_of(const std::string& file, const std::string& options = "") {
   const TemporaryFolder work;
   const fs::path script = work.path() / "cmd";
-  std::ofstream(script) << "velmar info --json \"$CORPUS/" << file << "\"\n";
+  std::ofstream(script) << "velmar info --json " << options << " \"$CORPUS/" << file << "\"\n";
   const Outcome outcome = run_script(script, work.path());
   EXPECT_EQ(outcome.code, 0) << outcome.err;
   return json::parse(outcome.out);
@@ -85,6 +86,43 @@ TEST_P(Facts, AreWhatInfoTells) {
     if (!blocks.contains(name) && may_be_added(name)) continue;
     EXPECT_EQ(blocks.at(name)["entities"], block["entities"]) << name;
     EXPECT_EQ(blocks.at(name)["xref"], block["isxref"]) << name;
+  }
+}
+
+struct MeasuredFact {
+  const char* key;
+  const char* kind;
+  const char* measure;
+};
+constexpr MeasuredFact measured_facts[] = {{"line_length", "LINE", "length"},
+                                           {"arc_length", "ARC", "length"},
+                                           {"lwpolyline_area", "LWPOLYLINE", "area"},
+                                           {"ellipse_area", "ELLIPSE", "area"},
+                                           {"elliptic_arc_area", "ELLIPSE", "area"}};
+
+using Sums = std::map<std::string, double>;  // by kind, measure and layer
+
+TEST_P(Facts, AreWhatTheSumsTell) {
+  const json facts = read_json(fs::path(VELMAR_CORPUS) / "facts" / GetParam());
+  Sums expected, found;
+  for (const MeasuredFact& fact : measured_facts) {
+    const json by_layer = facts.value(fact.key, json::object());
+    for (const auto& [layer, sum] : by_layer.items()) {
+      expected[std::string(fact.kind) + " " + fact.measure + " on " + layer] += sum.get<double>();
+    }
+  }
+  const json told = info_of(facts["file"], "--sums");
+  for (const json& row : told["sums"]) {
+    for (const char* const measure : {"length", "area"}) {
+      if (row[measure].is_null()) continue;
+      found[row["kind"].get<std::string>() + " " + measure + " on " +
+            row["layer"].get<std::string>()] = row[measure];
+    }
+    const json& all = facts["model_by_type"];
+    EXPECT_LE(row["count"], all.value(row["kind"].get<std::string>(), 0)) << row;
+  }
+  for (const auto& [what, sum] : expected) {
+    EXPECT_NEAR(found[what], sum, 1e-9 + 1e-9 * std::abs(sum)) << what;
   }
 }
 

@@ -116,7 +116,7 @@ TEST(Document, SaveAsAppendsTheExtensionOfItsType) {
     Value type;
     const char* saved_as;  // null: refused
   };
-  const std::int32_t dxf_2000 = 13, dwg_2000 = 12, dxf_2004 = 25;
+  const std::int32_t dxf_2000 = 13, dwg_2000 = 12, dxf_2004 = 25, dxf_r14 = 9;
   const Row rows[] = {
       {"a", dxf_2000, "a.dxf"},
       {"a.v2", dxf_2000, "a.v2.dxf"},
@@ -125,7 +125,8 @@ TEST(Document, SaveAsAppendsTheExtensionOfItsType) {
       {"a", basic::LeftOut{}, nullptr},  // Preferences say the native format
       {"a.dwg", dwg_2000, nullptr},
       {"a.dxf", dwg_2000, nullptr},
-      {"a", dxf_2004, nullptr},  // of another release than the drawing
+      {"a", dxf_2004, "a.dxf"},
+      {"a", dxf_r14, nullptr},
       {"a", std::int32_t{0}, nullptr},
       {"", dxf_2000, nullptr},
       {"no/such/folder/a.dxf", dxf_2000, nullptr},
@@ -142,6 +143,24 @@ TEST(Document, SaveAsAppendsTheExtensionOfItsType) {
               row.saved_as != nullptr)
         << row.name;
   }
+}
+
+TEST(Document, SaveAsAnotherReleaseKeepsTheDrawingAndTheRelease) {
+  HostScene scene;
+  const host::Document document = scene.document();
+  const std::int32_t dxf_r12 = 1;
+  document.call(Member::SaveAs, scene.path("old"), dxf_r12);
+  EXPECT_EQ(document.Name(), "old.dxf");
+  EXPECT_EQ(scene.content("plan.dxf"), plan());
+  EXPECT_TRUE(document.get<bool>(Member::Saved));
+  EXPECT_EQ(drawing::Drawing::open(scene.path("old.dxf")).version(), "AC1009");
+  const auto count = document.ModelSpace().Count();
+  document.HandleToObject("30").Delete();
+  document.Save();
+  EXPECT_EQ(document.ModelSpace().Count(), count - 1);
+  const auto saved = drawing::Drawing::open(scene.path("old.dxf"));
+  EXPECT_EQ(saved.version(), "AC1009");
+  EXPECT_EQ(saved.find(0x30), drawing::RecordId::none);
 }
 
 TEST(Document, SaveAsFollowsPreferencesAndSparesOpenFiles) {

@@ -134,12 +134,15 @@ bool take_caret(std::string_view& text, std::string& out) {
   return true;
 }
 
-std::string unescaped(std::string_view text, bool carets) {
+std::string unescaped(std::string_view text, bool carets, bool characters) {
   std::string out;
   out.reserve(text.size());
   while (!text.empty()) {
     const char c = text.front();
-    if (c == '\\' && (take_unicode_escape(text, out) || take_multibyte_escape(text, out))) continue;
+    if (characters && c == '\\' &&
+        (take_unicode_escape(text, out) || take_multibyte_escape(text, out))) {
+      continue;
+    }
     if (c == '^' && carets && take_caret(text, out)) continue;
     out += c;
     text.remove_prefix(1);
@@ -263,7 +266,11 @@ std::string decode_text(std::string_view raw, const Format& format) {
   bool plain = true;
   for (const char c : raw) plain = plain && c >= 0 && c != '\\' && c != '^';
   if (plain) return std::string(raw);
-  return unescaped(format.code_page.to_utf8(raw), !format.binary);
+  return unescaped(format.code_page.to_utf8(raw), !format.binary, true);
+}
+
+std::string text_as_written(std::string_view raw, const Format& format) {
+  return unescaped(format.code_page.to_utf8(raw), !format.binary, false);
 }
 
 std::string real_bytes(double value, const Format& format) {

@@ -62,6 +62,8 @@ std::optional<std::int64_t> integer_value(std::string_view bytes, const Tag& tag
 /// UTF-8, with `\U+XXXX`, `\M+nXXXX` and the caret forms of control characters resolved.
 std::string text_value(std::string_view bytes, const Tag& tag, const Format& format);
 std::string decode_text(std::string_view raw, const Format& format);
+/// UTF-8 with the caret forms resolved, but `\U+XXXX` and `\M+nXXXX` as the file has them.
+std::string text_as_written(std::string_view raw, const Format& format);
 
 // Writing.
 void append_code(std::string& out, int code, const Format& format);
