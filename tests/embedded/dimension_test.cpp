@@ -286,8 +286,8 @@ TEST(Leader, LeadsToNothingOnceItsNoteIsErased) {
   RecordId leader = RecordId::none;
   const Drawing& drawing = scene.document->drawing;
   for (const RecordId id : drawing.entities(drawing::SpaceId::model)) {
-    const bool leads_there = drawing.record(id).kind == drawing::Kind::leader &&
-                             drawing.row_text(id, 340) == "513";
+    const bool leads_there =
+        drawing.record(id).kind == drawing::Kind::leader && drawing.row_text(id, 340) == "513";
     if (leads_there) leader = id;
   }
   ASSERT_NE(leader, RecordId::none);
@@ -297,8 +297,7 @@ TEST(Leader, LeadsToNothingOnceItsNoteIsErased) {
   const RecordId again = saved.document->drawing.find(drawing::parse_handle(handle));
   EXPECT_EQ(saved.document->drawing.row_text(again, 340), "0");
   EXPECT_EQ(saved.document->drawing.row_text(again, 73).back(), '3') << "without a note";
-  EXPECT_EQ(saved.document->drawing.broken_references().size(),
-            drawing.broken_references().size());
+  EXPECT_EQ(saved.document->drawing.broken_references().size(), drawing.broken_references().size());
 }
 
 TEST(Dimension, AnEditOfOneLeavesTheBytesOfTheOthers) {
