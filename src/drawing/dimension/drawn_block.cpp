@@ -93,7 +93,7 @@ void map_content(Drawing& drawing, Dimension& dimension, const Matrix& matrix) {
   }
 }
 
-/// A straight dimension line goes to the side with the text, a leader with all of it.
+/// A straight dimension line goes to the side with the text.
 void line_follows_straight(Dimension& dimension, Point shift) {
   const double angle = line_angle(dimension);
   const Point across{-std::sin(angle), std::cos(angle), 0};
@@ -130,6 +130,7 @@ void line_follows_arc(Dimension& dimension, Point from, Point to) {
   }
 }
 
+/// Where the text goes from one place to the other, in the OCS. The line of an ordinate ends there.
 void line_follows(Dimension& dimension, Point from, Point to) {
   if (dimension.is_linear()) return line_follows_straight(dimension, to - from);
   if (dimension.is_angular()) return line_follows_arc(dimension, from, to);
