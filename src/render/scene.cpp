@@ -112,7 +112,7 @@ void Scene::draw_known(RecordId id, const drawing::Entity& entity, const Place& 
     return;
   }
   if (const auto* const insert = std::get_if<drawing::Insert>(&entity.body)) {
-    draw_entities(drawing_.parts(id), place.within(drawing::Matrix{}, setting));  // its attributes
+    draw_attributes(id, *insert, place, setting);
     return draw_reference(*insert, place, setting);
   }
   if (const auto* const dimension = std::get_if<drawing::Dimension>(&entity.body)) {
@@ -174,6 +174,20 @@ void Scene::draw_reference(const drawing::Insert& insert, const Place& place,
   const drawing::Box box = sizes_.reference_box(insert);
   const Window seen = window_of(place.canvas.mapped(corners(box)));
   if (box.empty() || place.canvas.shows(seen)) draw_cells(insert, *block, place, setting);
+}
+
+/// In each cell of an array, though the file gives them for the first one alone.
+void Scene::draw_attributes(RecordId id, const drawing::Insert& insert, const Place& place,
+                            const Setting& setting) {
+  const std::vector<RecordId> attributes = drawing_.parts(id);
+  const Point first = placement(insert, Point{})(Point{});
+  for (int row = 0; row < std::max(insert.rows, 1); ++row) {
+    for (int column = 0; column < std::max(insert.columns, 1); ++column) {
+      if (attributes.empty() || too_many_) return;
+      const Point shift = placement(insert, Point{}, column, row)(Point{}) - first;
+      draw_entities(attributes, place.within(drawing::translation(shift), setting));
+    }
+  }
 }
 
 void Scene::draw_cells(const drawing::Insert& insert, SpaceId block, const Place& place,
