@@ -96,7 +96,14 @@ Box BlockSizes::entity_box(drawing::RecordId id) try {
   Box box;
   if (const auto* const insert = std::get_if<drawing::Insert>(&body)) {
     box = reference_box(*insert);
-    for (const drawing::RecordId part : drawing_.parts(id)) box.add(entity_box(part));
+    const Point first = placement(*insert, Point{})(Point{});
+    const int last_row = std::max(insert->rows, 1) - 1, last = std::max(insert->columns, 1) - 1;
+    const Point shift = placement(*insert, Point{}, last, last_row)(Point{}) - first;
+    for (const drawing::RecordId part : drawing_.parts(id)) {
+      const Box attribute = entity_box(part);
+      add(box, attribute, drawing::Matrix{});
+      add(box, attribute, drawing::translation(shift));
+    }
   } else if (const auto* const dimension = std::get_if<drawing::Dimension>(&body)) {
     const auto block = shown_block(drawing_, dimension->block);
     const Point offset =

@@ -62,6 +62,8 @@ class Scene {
                  const Look& look);
   void draw_kept(const KeptShape& shape, const Place& place, const Setting& setting);
   void draw_reference(const drawing::Insert& insert, const Place& place, const Setting& setting);
+  void draw_attributes(drawing::RecordId id, const drawing::Insert& insert, const Place& place,
+                       const Setting& setting);
   void draw_cells(const drawing::Insert& insert, drawing::SpaceId block, const Place& place,
                   const Setting& setting);
   void draw_dimension(drawing::RecordId id, const drawing::Dimension& dimension, const Place& place,

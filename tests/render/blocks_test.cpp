@@ -69,7 +69,13 @@ TEST(References, ShowAttributesAndNotTheirDefinitions) {
   text.entities = attribute(1, "0") + attribute(0, "Off");
   EXPECT_TRUE(painted(text.read()).strokes.empty());
   text.entities = attribute(0, "0");
-  EXPECT_GE(painted(text.read()).strokes.size(), 4u);
+  const std::size_t strokes = painted(text.read()).strokes.size();
+  EXPECT_GE(strokes, 4u);
+  // In an array each cell has them.
+  text.entities.replace(text.entities.find("66 1"), 4, "66 1 70 3 71 2 44 50 45 20");
+  const RecordingPainter array = painted(text.read());
+  EXPECT_EQ(array.strokes.size(), 6 * strokes);
+  EXPECT_NEAR(array.all.high, 30, 1e-9);
 }
 
 TEST(Dimensions, ShowTheirBlockWithItsPointsAsDots) {
