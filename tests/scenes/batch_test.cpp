@@ -134,11 +134,15 @@ TEST(FolderDwgDxf, SavesEachDrawingInTheExchangeFormatOfTheRelease) {
   std::string drawing = with_unused_layer();
   drawing.replace(drawing.find("AC1015"), 6, "AC1018");
   folder.add("plan.dwg", drawing);
+  folder.add("old.dwg", with_unused_layer());
   const auto type = [&] { return scene.application().Preferences().OpenSave().SaveAsType(); };
   const std::int32_t users = type();
   EXPECT_FALSE(scene.run("FolderDwgDxf", folder.path()).failure);
   EXPECT_TRUE(folder.has("plan.dxf"));
   EXPECT_EQ(folder.content("plan.dwg"), drawing);
+  EXPECT_EQ(folder.content("old.dwg"), with_unused_layer());
+  EXPECT_NE(folder.content("old.dxf").find("AC1018"), std::string::npos);
+  EXPECT_TRUE(has_layer(folder.content("old.dxf"), "Unused"));
   EXPECT_EQ(type(), users);
   EXPECT_EQ(scene.application().Documents().Count(), 1);
 }

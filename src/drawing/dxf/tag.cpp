@@ -284,7 +284,8 @@ std::string real_bytes(double value, const Format& format) {
 
 std::string integer_bytes(int code, std::int64_t value, const Format& format) {
   if (!format.binary) {
-    const std::size_t width = code >= 90 && code <= 99 ? 9 : 6;
+    const ValueKind kind = value_kind(code);
+    const std::size_t width = kind == ValueKind::int64 ? 18 : kind == ValueKind::int32 ? 9 : 6;
     const std::string digits = std::to_string(value);
     return std::string(digits.size() < width ? width - digits.size() : 0, ' ') + digits;
   }
