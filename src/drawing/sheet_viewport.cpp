@@ -1,5 +1,7 @@
 #include "drawing/sheet_viewport.h"
 
+#include <cstdlib>
+
 namespace velmar::drawing {
 
 RecordId sheet_viewport(const Drawing& drawing, SpaceId sheet) {
@@ -8,7 +10,7 @@ RecordId sheet_viewport(const Drawing& drawing, SpaceId sheet) {
   for (const RecordId id : drawing.entities(sheet)) {
     if (drawing.record(id).kind != Kind::viewport) continue;
     if (first == RecordId::none) first = id;
-    if (drawing.row_text(id, number_code) == "1") return id;
+    if (std::strtol(drawing.row_text(id, number_code).c_str(), nullptr, 10) == 1) return id;
   }
   return first;
 }

@@ -64,7 +64,8 @@ BlockSizes::BlockSizes(const drawing::Drawing& drawing)
 
 Box BlockSizes::block_box(drawing::SpaceId block) {
   const std::size_t at = index(block);
-  if (states_[at] == State::unknown) {
+  if (states_[at] == State::unknown && depth_ < deepest_nesting) {
+    ++depth_;
     states_[at] = State::being_found;
     Box box;
     for (const drawing::RecordId id : drawing_.entities(block)) {
@@ -72,6 +73,7 @@ Box BlockSizes::block_box(drawing::SpaceId block) {
     }
     boxes_[at] = box;
     states_[at] = State::known;
+    --depth_;
   }
   return states_[at] == State::known ? boxes_[at] : Box{};
 }

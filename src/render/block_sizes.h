@@ -7,6 +7,9 @@
 
 namespace velmar::render {
 
+/// Blocks within blocks farther down than this are neither drawn nor counted.
+inline constexpr int deepest_nesting = 64;
+
 /// How large things are, without walking through what blocks are made of each time.
 class BlockSizes {
  public:
@@ -24,6 +27,7 @@ class BlockSizes {
   enum class State : char { unknown, being_found, known };
 
   const drawing::Drawing& drawing_;
+  int depth_ = 0;
   std::vector<State> states_;
   std::vector<drawing::Box> boxes_;
 };

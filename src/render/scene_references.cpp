@@ -13,15 +13,13 @@ namespace {
 using drawing::RecordId;
 using drawing::SpaceId;
 
-constexpr int deepest = 64;
-
 }  // namespace
 
 void Scene::draw_reference(const drawing::Insert& insert, const Place& place,
                            const Setting& setting) {
   const auto block = shown_block(drawing_, insert.block);
   if (!block) return;
-  if (place.depth >= deepest) {
+  if (place.depth >= deepest_nesting) {
     too_deep_ = true;
     return;
   }
@@ -74,7 +72,7 @@ void Scene::draw_dimension(RecordId id, const drawing::Dimension& dimension, con
   const Point offset = drawing::ocs_to_world(dimension.normal).direction(dimension.block_offset);
   Place inner = place.within(drawing::translation(offset), setting);
   inner.points = PointStyle{};  // dots, whatever the drawing says of points
-  if (place.depth >= deepest) {
+  if (place.depth >= deepest_nesting) {
     too_deep_ = true;
     return;
   }

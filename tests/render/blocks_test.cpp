@@ -54,6 +54,22 @@ TEST(References, ThatNeverEndAreBounded) {
   EXPECT_THAT(scene.warnings(), testing::Contains(testing::HasSubstr("not all is drawn")));
 }
 
+TEST(References, NestedVeryDeeplyAreCutOff) {
+  SceneText text;
+  text.layers = layer("0", 7);
+  text.blocks = block("B0", line(10, 0, "8 0"));
+  for (int level = 1; level < 2'000; ++level) {
+    text.blocks += block("B" + std::to_string(level),
+                         insert("B" + std::to_string(level - 1), "8 0") + line(5, 0, "8 0"));
+  }
+  text.entities = insert("B1999", "8 0");
+  const drawing::Drawing drawing = text.read();
+  Scene scene(drawing, {});
+  EXPECT_EQ(scene.extents(drawing::SpaceId::model).max.x, 5);
+  EXPECT_EQ(painted(scene).strokes.size(), 64u);
+  EXPECT_THAT(scene.warnings(), testing::Contains(testing::HasSubstr("nested too deeply")));
+}
+
 TEST(References, ShowAttributesAndNotTheirDefinitions) {
   const std::string tail = " 100 AcDbText 10 0 20 0 40 10 1 AB 100 ";
   SceneText text;

@@ -6,6 +6,7 @@
 
 #include "drawing/name.h"
 #include "render/recording_painter.h"
+#include "render/units.h"
 
 namespace velmar::render {
 namespace {
@@ -58,6 +59,18 @@ TEST_P(Corpus, IsPaintedWithinItsExtents) {
     EXPECT_LE(painter.all.high, y + slack) << layout.name;
     EXPECT_GE(painter.all.low, -y - slack) << layout.name;
   }
+}
+
+/// How many millimetres a unit of the first sheet is.
+double sheet_unit(const std::string& file) {
+  const auto drawing = drawing::Drawing::open(std::string(VELMAR_CORPUS) + "/" + file);
+  return millimetres_per_unit(drawing, drawing.layouts().at(1).space);
+}
+
+TEST(Units, OfASheetAreThoseOfItsPageSetup) {
+  EXPECT_EQ(sheet_unit("dxf-parser/api-cw750-details.dxf"), 25.4);
+  EXPECT_EQ(sheet_unit("netdxf/sample.dxf"), 1);
+  EXPECT_NEAR(sheet_unit("derived/ZD_-_Senior_from_dwg.dxf"), 1 / 43.89195962401938, 1e-12);
 }
 
 std::string name_of(const testing::TestParamInfo<fs::path>& test) {
