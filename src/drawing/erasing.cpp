@@ -144,6 +144,14 @@ class Lists {
 
 }  // namespace
 
+void mend(Store& store, RecordId id, std::string bytes) {
+  if (bytes == store.bytes(id)) return;
+  const auto number = static_cast<std::uint32_t>(id);
+  const bool is_told = store.modified_since_save.contains(number);
+  store.patch(id, std::move(bytes));
+  if (!is_told) store.modified_since_save.erase(number);
+}
+
 void mark_erased(Store& store, RecordId id) {
   if (store.at(id).is(Record::erased)) return;
   store.remember(id);
@@ -195,8 +203,7 @@ void settle_erased(Store& store) {
   for (const std::uint32_t number : lists.ids()) {
     const auto id = static_cast<RecordId>(number);
     if (store.at(id).is(Record::erased)) continue;
-    std::string bytes = Mending(store, id, gone).result();
-    if (bytes != store.bytes(id)) store.patch(id, std::move(bytes));
+    mend(store, id, Mending(store, id, gone).result());
   }
 }
 

@@ -35,8 +35,7 @@ void remove_reactors(Store& store, const Hatch& hatch, Handle reactor) {
     for (const std::string& source : loop.sources) {
       const RecordId id = store.find(parse_handle(source));
       if (id == RecordId::none || store.at(id).is(Record::erased)) continue;
-      std::string bytes = dxf::without_reactor(store.bytes(id), reactor, store.format);
-      if (bytes != store.bytes(id)) store.patch(id, std::move(bytes));
+      mend(store, id, dxf::without_reactor(store.bytes(id), reactor, store.format));
     }
   }
 }
