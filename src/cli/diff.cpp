@@ -6,6 +6,7 @@
 #include "cli/console.h"
 #include "cli/diff_picture.h"
 #include "cli/json.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 #include "drawing/comparison.h"
 #include "drawing/name.h"

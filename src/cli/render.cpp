@@ -5,6 +5,7 @@
 #include "cli/console.h"
 #include "cli/contact_sheet.h"
 #include "cli/picture_options.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 #include "cli/usage_error.h"
 #include "drawing/name.h"

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "basic/number_text.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 
 namespace velmar::cli {
