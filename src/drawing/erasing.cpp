@@ -148,8 +148,10 @@ void mend(Store& store, RecordId id, std::string bytes) {
   if (bytes == store.bytes(id)) return;
   const auto number = static_cast<std::uint32_t>(id);
   const bool is_told = store.modified_since_save.contains(number);
+  const bool was_edited = store.at(id).is(Record::edited);
   store.patch(id, std::move(bytes));
   if (!is_told) store.modified_since_save.erase(number);
+  if (!was_edited) store.at(id).flags &= static_cast<std::uint16_t>(~Record::edited);
 }
 
 void mark_erased(Store& store, RecordId id) {

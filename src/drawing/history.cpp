@@ -55,6 +55,7 @@ void History::remember(Store& store, RecordId id) {
   RecordState state{number, record, standing_of(store, number)};
   const auto patch = store.patches.find(number);
   if (patch != store.patches.end()) state.patch = patch->second;
+  state.is_a_drawing = store.draws_dimension(number);
   open_.records.push_back(std::move(state));
   record.flags |= Record::remembered;
 }
@@ -146,7 +147,7 @@ Changes History::changes(const Store& store) const {
   std::vector<std::uint32_t> modified, erased;
   for (const RecordState& state : open_.records) {
     const Record& record = store.records[state.number];
-    if (!is_entity(record) || store.draws_dimension(state.number)) continue;
+    if (!is_entity(record) || state.is_a_drawing) continue;
     const bool was_there = !state.record.is(Record::erased);
     if (was_there && record.is(Record::erased)) erased.push_back(state.number);
     if (!record.is(Record::erased) && state.edited) modified.push_back(state.number);

@@ -49,7 +49,8 @@ class History {
     Record record;
     Standing standing;
     std::optional<std::string> patch = {};
-    bool edited = false;  // its bytes, or those of a part
+    bool edited = false;        // its bytes, or those of a part
+    bool is_a_drawing = false;  // of a dimension, told of as that
   };
   struct SpaceState {
     Space space;

@@ -28,7 +28,9 @@ constexpr auto patience = std::chrono::seconds(15);
                                        "HOME=" + here,
                                        "XDG_STATE_HOME=" + here + "/state",
                                        "XDG_DATA_HOME=" + here,
-                                       "XDG_CONFIG_HOME=" + here};
+                                       "XDG_CONFIG_HOME=" + here,
+                                       "LSAN_OPTIONS=suppressions=" VELMAR_CORPUS
+                                       "/../cli/leaks.txt:print_suppressions=0"};
   environment.insert(environment.end(), settings.begin(), settings.end());
   std::vector<std::string> words{"velmar"};
   words.insert(words.end(), arguments.begin(), arguments.end());

@@ -154,7 +154,7 @@ TEST(ConvertToR12, ApproximatesCurvesWithinTheirChords) {
     EXPECT_EQ(p.z, 1);
   }
   EXPECT_GT(curve.vertices.size(), 16u);
-  const auto& flat = std::get<Polyline>(there.read(there.find(0x41)).body);
+  const auto flat = std::get<Polyline>(there.read(there.find(0x41)).body);
   ASSERT_EQ(flat.vertices.size(), 3u);
   EXPECT_EQ(flat.vertices[0].bulge, 1);
   EXPECT_EQ(flat.elevation_point.z, 2);
@@ -169,7 +169,7 @@ TEST(ConvertToR12, WritesMultilineTextsLineByLineWhereTheyStand) {
   const Drawing there = Drawing::read(drawing.convert({r12, {}}).bytes, "there");
   std::vector<std::string> lines;
   for (const RecordId id : there.entities(SpaceId::model)) {
-    const auto& text = std::get<Text>(there.read(id).body);
+    const auto text = std::get<Text>(there.read(id).body);
     lines.push_back(text.text);
     EXPECT_NEAR(text.rotation, std::numbers::pi / 2, 1e-12);
     EXPECT_EQ(text.height, 2);
