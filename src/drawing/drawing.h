@@ -209,7 +209,7 @@ class Drawing {
   Common read_common(RecordId id) const;
   /// Of the common values this one alone, which is found without reading the rest of the record.
   std::string read_linetype_name(RecordId id) const;
-  /// Of a TEXT; the same as in its body.
+  /// Of a TEXT or MTEXT; as in its body.
   std::string read_text_string(RecordId id) const;
   Body read_body(RecordId id) const;
   /// Gives a text, whose style was changed in memory, that style's font; nothing for other kinds.

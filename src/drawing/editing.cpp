@@ -26,21 +26,25 @@ void read_record(const Store& store, RecordId id, Lists&... lists) {
   refuse_problem(store, id, reader.problem());
 }
 
-/// A text value of a subclass without reading the record further than that; empty inside where the
-/// subclass has no such group, and outside where the record has no such subclass.
+/// A text value of a subclass without reading the record further than that, with the pieces of it
+/// in groups `before`; empty inside where the subclass has no such group, and outside where the
+/// record has no such subclass.
 std::optional<std::optional<std::string>> text_in_subclass(const Store& store, RecordId id,
-                                                           std::string_view subclass, int code) {
-  constexpr int marker_code = 100, group_code = 102;
+                                                           std::string_view subclass, int code,
+                                                           int before = 0) {
+  constexpr int marker_code = 100, embedded_code = 101, group_code = 102;
   const std::string_view bytes = store.bytes(id);
   dxf::TagCursor cursor(bytes, store.format);
   dxf::Tag tag;
+  std::string joined;
   bool is_inside = false, in_group = false;
   while (cursor.next(tag)) {
     if (tag.code == group_code) in_group = tag.text(bytes).starts_with('{');
-    if (tag.code == code && is_inside && !in_group) {
-      return dxf::text_value(bytes, tag, store.format);
+    if (is_inside && !in_group && tag.code == before) joined += tag.text(bytes);
+    if (is_inside && !in_group && tag.code == code) {
+      return dxf::decode_text(joined.append(tag.text(bytes)), store.format);
     }
-    if (tag.code != marker_code) continue;
+    if (tag.code != marker_code && tag.code != embedded_code) continue;
     if (is_inside) break;
     is_inside = tag.text(bytes) == subclass;
   }
@@ -246,10 +250,13 @@ std::string Drawing::read_linetype_name(RecordId id) const {
 }
 
 std::string Drawing::read_text_string(RecordId id) const {
-  constexpr int text_code = 1;
-  const auto found = text_in_subclass(*store_, id, "AcDbText", text_code);
-  if (!found) return std::get<Text>(read_body(id)).text;
-  return found->value_or(std::string());
+  constexpr int text_code = 1, pieces_code = 3;
+  const bool is_line = store_->at(id).kind == Kind::text;
+  const auto found = is_line ? text_in_subclass(*store_, id, "AcDbText", text_code)
+                             : text_in_subclass(*store_, id, "AcDbMText", text_code, pieces_code);
+  if (found && *found) return std::move(**found);
+  const Body body = read_body(id);
+  return is_line ? std::get<Text>(body).text : std::get<MText>(body).text;
 }
 
 Body Drawing::read_body(RecordId id) const {

@@ -18,7 +18,8 @@ Value EntityObject::get(Member member) {
     case Member::Layer:
       return std::string_view(layer_name());
     case Member::TextString:
-      if (record().kind == drawing::Kind::text && !decoded_) {
+      if (!decoded_ &&
+          (record().kind == drawing::Kind::text || record().kind == drawing::Kind::mtext)) {
         return translated([&] { return Value(drawing().read_text_string(id_)); });
       }
       [[fallthrough]];

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -31,8 +32,17 @@ std::optional<Edited> edited_line(const std::string& content, const Replacement&
   return Edited{std::move(edited), is_empty};
 }
 
+/// Whether the plain text, which has nothing that is escaped, is nowhere in the contents.
+bool is_absent(const std::string& plain, const std::string& content) {
+  const bool can_be_escaped =
+      std::ranges::any_of(plain, [](char c) { return c < 0 || c == '\\' || c == '{' || c == '}'; });
+  return !can_be_escaped && content.find(plain) == content.npos &&
+         content.find("\\U+") == content.npos;
+}
+
 /// The same for the contents of a multi-line text: formatting is neither searched nor changed.
 std::optional<Edited> edited_paragraphs(const std::string& content, const Replacement& wanted) {
+  if (is_absent(wanted.old_text, content)) return std::nullopt;
   const ParagraphText paragraphs(content);
   if (wanted.whole_only && !paragraphs.is(wanted.old_text)) return std::nullopt;
   const std::string replaced_by = escaped(wanted.new_text);

@@ -263,10 +263,14 @@ std::string text_value(std::string_view bytes, const Tag& tag, const Format& for
 }
 
 std::string decode_text(std::string_view raw, const Format& format) {
-  bool plain = true;
-  for (const char c : raw) plain = plain && c >= 0 && c != '\\' && c != '^';
-  if (plain) return std::string(raw);
-  return unescaped(format.code_page.to_utf8(raw), !format.binary, true);
+  bool is_ascii = true, plain = true;
+  for (const char c : raw) {
+    is_ascii = is_ascii && c >= 0;
+    plain = plain && c != '\\' && c != '^';
+  }
+  if (is_ascii && plain) return std::string(raw);
+  return unescaped(is_ascii ? std::string(raw) : format.code_page.to_utf8(raw), !format.binary,
+                   true);
 }
 
 std::string text_as_written(std::string_view raw, const Format& format) {
