@@ -25,6 +25,7 @@ chmod +x "$folder/velmar"
 # paths, the system's words for a failure), and most of the many drawings.
 cases='Program/Case.*:Corpus/*1_polylines*:Corpus/*text_negative*:Corpus/*point*:Corpus/*AC1032*:Corpus/*recover01*'
 not_here='*/file_shrinks_while_read:*/output_that_fails:*/arguments:*/batch:*/batch_refused:*/doctor:*/script:*/undo'
+not_here+=':*/folder_commands'
 not_here+=':*/render:*/diff_picture'  # made with cairo, which is not there
 VELMAR_PROGRAM_FOLDER=$folder "$tests" --gtest_brief=1 --gtest_filter="$cases:-$not_here"
 
@@ -51,6 +52,10 @@ journal=$(ls r.csv.journals | grep 漢)
 velmar undo "r.csv.journals/$journal" >out || failed=1
 expect "undo" "$(sed 's/.*\\//' out)" "漢字.dxf: as it was before"
 cmp "пл ан/漢字.dxf" "$corpus/ezdxf/1_polylines.dxf" || failed=1
+mkdir job
+cp "$corpus/acadsharp/sample_AC1015_ascii.dxf" job/a.dwg
+expect "a folder command" "$(velmar call PurgeALLFolder job | tr -d '\r')" \
+  '0 modified, 0 added, 3 erased in job\a.dwg; saved to job\a.dwg'
 printf 'UpperCase ä漢\nGetFolder "C:\\пл ан\\a.dxf"\n' >s.scr
 expect "a script" "$(velmar script s.scr | tr '\n' '|')" 'Ä漢|C:\пл ан|'
 expect "a word with quotation marks and backslashes" "$(velmar call UpperCase 'C:\a\"b c\\" d\')" 'C:\A\"B C\\" D\'
