@@ -210,7 +210,7 @@ TEST_P(History, IsTheSameAtEveryStep) {
     if (what == 1) forth();
     if (HasFatalFailure()) return;
     if (what < 2) continue;
-    const std::size_t before = drawing.edition();
+    const std::uint64_t before = drawing.edition();
     for (std::size_t i = 0; i <= random.below(4); ++i) random.edit();
     drawing.end_step("edits");
     if (drawing.edition() == before) continue;
