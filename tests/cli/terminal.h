@@ -31,6 +31,7 @@ class Terminal {
 
  private:
   bool read_more();
+  void wait_for_editor() const;
 
   pid_t program_ = 0;
   int terminal_ = -1;

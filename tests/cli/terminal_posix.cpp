@@ -5,12 +5,14 @@
 #include <signal.h>
 #include <sys/ioctl.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
+#include <thread>
 
 #include "cli/terminal.h"
 
@@ -80,6 +82,16 @@ bool Terminal::read_more() {
   return true;
 }
 
+/// The editor takes the keys a moment after its prompt has come; what is typed between is lost.
+void Terminal::wait_for_editor() const {
+  const auto end = std::chrono::steady_clock::now() + patience;
+  termios mode{};
+  while (std::chrono::steady_clock::now() < end) {
+    if (::tcgetattr(terminal_, &mode) == 0 && (mode.c_lflag & ICANON) == 0) return;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+}
+
 std::string Terminal::expect(std::string_view text) {
   const auto end = std::chrono::steady_clock::now() + patience;
   for (;;) {
@@ -87,6 +99,7 @@ std::string Terminal::expect(std::string_view text) {
     if (at != std::string::npos) {
       std::string written = unread_.substr(0, at);
       unread_.erase(0, at + text.size());
+      if (text.ends_with(": ") || text.ends_with("? ")) wait_for_editor();
       return written;
     }
     if (!read_more() || std::chrono::steady_clock::now() > end) {
