@@ -113,6 +113,18 @@ bool was_saved(const fs::path& journal, const std::string& file) {
   }
 }
 
+/// A journal that was cut off when its job was killed, before it saved, can be neither read nor
+/// continued: it is put aside.
+void put_aside_cut(const fs::path& journal) {
+  if (!fs::exists(journal)) return;
+  try {
+    drawing::Journal::read(journal);
+  } catch (const drawing::Error&) {
+    fs::path aside = journal;
+    fs::rename(journal, aside += ".cut");
+  }
+}
+
 BatchJob job_for(const BatchOptions& options, const DrawingFile& file, std::size_t number) {
   const std::string drawing = fs::absolute(file.path).lexically_normal().string();
   BatchJob job{drawing, {own_program()}, {}};
@@ -189,6 +201,9 @@ ExitCode run_batch(BatchOptions& options) {
           {job.drawing, job.drawing, "done", 0, 0, 0, 0, 0, "saved before the batch stopped"});
       ++skipped;
     } else {
+      if (options.resume && !options.journal.empty()) {
+        put_aside_cut(journal_for(options, files[i], i + 1));
+      }
       jobs.push_back(std::move(job));
     }
   }

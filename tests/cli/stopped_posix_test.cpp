@@ -63,6 +63,16 @@ all_once
   EXPECT_EQ(outcome.out, "ended with 0\n") << outcome.err;
 }
 
+TEST(StoppedBatch, IsResumedWhereAJournalWasCutOff) {
+  const Outcome outcome = run(R"sh(
+mkdir r.csv.journals
+printf 'velmar-journal cut' >r.csv.journals/3-03.dxf.journal
+(batch --resume); echo "ended with $?"
+all_once
+)sh");
+  EXPECT_EQ(outcome.out, "ended with 0\n") << outcome.err;
+}
+
 /// The method would purge and save all of them.
 TEST(CancelledFolder, LeavesEveryFileAsItWas) {
   const Outcome outcome = run(R"sh(
