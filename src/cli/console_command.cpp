@@ -36,14 +36,7 @@ bool run_session(Interpreter& interpreter, Lines& lines) {
   while (!interpreter.wants_to_quit()) {
     const std::optional<std::string> line = lines.command();
     if (!line) break;
-    bool done = false;
-    try {
-      done = interpreter.execute(*line);
-    } catch (const UsageError& error) {
-      complain(error.what());
-    } catch (const drawing::Error& error) {
-      complain(error.what());
-    }
+    const bool done = interpreter.execute_or_complain(*line);
     all_done = all_done && done;
   }
   return all_done;

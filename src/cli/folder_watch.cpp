@@ -6,6 +6,7 @@
 #include <random>
 
 #include "basic/strings.h"
+#include "cli/drawing_files.h"
 #include "drawing/error.h"
 #include "drawing/journal.h"
 #include "drawing/utf8_path.h"
@@ -28,9 +29,8 @@ fs::path own_journal() {
 }
 
 bool is_drawing(const std::string& file) {
-  const std::string extension = drawing::utf8_path(file).extension().string();
-  return basic::equal_ignoring_case(extension, ".dwg") ||
-         basic::equal_ignoring_case(extension, ".dxf");
+  const fs::path path = drawing::utf8_path(file);
+  return is_dxf(path) || basic::equal_ignoring_case(path.extension().string(), ".dwg");
 }
 
 }  // namespace

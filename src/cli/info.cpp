@@ -27,19 +27,16 @@ std::vector<drawing::Warning> faults(const drawing::Drawing& drawing) {
   return all;
 }
 
-ExitCode check(const InfoOptions& options) {
+/// Hands each drawing on, with what JSON there is to be of all; tells of those that cannot be read.
+/// The exit code is that of an unreadable drawing, else the first that is not "done".
+template <class Look>
+ExitCode look_at_each(const InfoOptions& options, Look look) {
   ExitCode result = ExitCode::done;
   Json all = Json::array();
   for (const std::string& file : options.drawings) {
     try {
-      const drawing::Drawing drawing = drawing::Drawing::open(drawing::utf8_path(file));
-      const auto found = faults(drawing);
-      if (!found.empty() && result == ExitCode::done) result = ExitCode::method_failed;
-      if (options.json) {
-        all.push_back(faults_json(file, found));
-      } else {
-        print(faults_text(file, found, drawing.is_binary()));
-      }
+      const ExitCode code = look(file, drawing::Drawing::open(drawing::utf8_path(file)), all);
+      if (result == ExitCode::done) result = code;
     } catch (const drawing::Error& error) {
       result = ExitCode::drawing_failed;
       complain(error.what());
@@ -50,60 +47,45 @@ ExitCode check(const InfoOptions& options) {
   return result;
 }
 
-Json survey_json(const std::string& file, bool& failed) {
-  try {
-    return info_json(file, survey(drawing::Drawing::open(drawing::utf8_path(file))));
-  } catch (const drawing::Error& error) {
-    failed = true;
-    complain(error.what());
-    return {{"file", file}, {"error", drawing_error(error.what())}};
-  }
+ExitCode check(const InfoOptions& options) {
+  return look_at_each(options,
+                      [&](const std::string& file, const drawing::Drawing& drawing, Json& all) {
+                        const auto found = faults(drawing);
+                        if (options.json) {
+                          all.push_back(faults_json(file, found));
+                        } else {
+                          print(faults_text(file, found, drawing.is_binary()));
+                        }
+                        return found.empty() ? ExitCode::done : ExitCode::method_failed;
+                      });
 }
 
-ExitCode print_json(const std::vector<std::string>& files) {
-  bool failed = false;
-  Json all = Json::array();
-  for (const std::string& file : files) all.push_back(survey_json(file, failed));
-  print(to_text(files.size() == 1 ? all.front() : all));
-  return failed ? ExitCode::drawing_failed : ExitCode::done;
-}
-
-ExitCode print_tables(const std::vector<std::string>& files) {
-  bool failed = false;
+ExitCode print_surveys(const InfoOptions& options) {
   bool first = true;
-  for (const std::string& file : files) {
-    try {
-      const std::string text =
-          info_text(file, survey(drawing::Drawing::open(drawing::utf8_path(file))));
-      print(first ? text : "\n" + text);
-      first = false;
-    } catch (const drawing::Error& error) {
-      failed = true;
-      complain(error.what());
-    }
-  }
-  return failed ? ExitCode::drawing_failed : ExitCode::done;
+  return look_at_each(options,
+                      [&](const std::string& file, const drawing::Drawing& drawing, Json& all) {
+                        if (options.json) {
+                          all.push_back(info_json(file, survey(drawing)));
+                        } else {
+                          print((first ? "" : "\n") + info_text(file, survey(drawing)));
+                        }
+                        first = false;
+                        return ExitCode::done;
+                      });
 }
 
 ExitCode print_sums(const InfoOptions& options) {
-  ExitCode result = ExitCode::done;
-  Json all = Json::array();
   bool first = true;
-  for (const std::string& file : options.drawings) {
-    try {
-      const auto found = sums(drawing::Drawing::open(drawing::utf8_path(file)));
-      if (options.json) all.push_back(sums_json(file, found));
-      if (options.csv) print(sums_csv(file, found, first));
-      if (!options.json && !options.csv) print((first ? "" : "\n") + sums_text(file, found));
-      first = false;
-    } catch (const drawing::Error& error) {
-      result = ExitCode::drawing_failed;
-      complain(error.what());
-      all.push_back({{"file", file}, {"error", drawing_error(error.what())}});
-    }
-  }
-  if (options.json) print(to_text(all.size() == 1 ? all.front() : all));
-  return result;
+  return look_at_each(options,
+                      [&](const std::string& file, const drawing::Drawing& drawing, Json& all) {
+                        const auto found = sums(drawing);
+                        if (options.json) all.push_back(sums_json(file, found));
+                        if (options.csv) print(sums_csv(file, found, first));
+                        if (!options.json && !options.csv)
+                          print((first ? "" : "\n") + sums_text(file, found));
+                        first = false;
+                        return ExitCode::done;
+                      });
 }
 
 }  // namespace
@@ -127,7 +109,7 @@ void add_info(CLI::App& program, Action& action) {
     action = [options] {
       if (options->sums) return print_sums(*options);
       if (options->check) return check(*options);
-      return options->json ? print_json(options->drawings) : print_tables(options->drawings);
+      return print_surveys(*options);
     };
   });
 }

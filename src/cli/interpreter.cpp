@@ -11,6 +11,7 @@
 #include "cli/method_lookup.h"
 #include "cli/usage_error.h"
 #include "component/method_table.h"
+#include "drawing/error.h"
 
 namespace velmar::cli {
 namespace {
@@ -54,6 +55,17 @@ bool Interpreter::execute(const std::string& line) {
   }
   lines_.keep(done);
   return done;
+}
+
+bool Interpreter::execute_or_complain(const std::string& line) {
+  try {
+    return execute(line);
+  } catch (const UsageError& error) {
+    complain(error.what());
+  } catch (const drawing::Error& error) {
+    complain(error.what());
+  }
+  return false;
 }
 
 /// A value that cannot be used is asked for again, where a user is there to give another.

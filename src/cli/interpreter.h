@@ -26,6 +26,8 @@ class Interpreter {
   /// Whether the command did what it should. What failed has been told. Fails with UsageError for a
   /// line that is no command, with drawing::Error where a drawing cannot be read or written.
   bool execute(const std::string& line);
+  /// The same, but what it fails with is told, and the line did not do what it should.
+  bool execute_or_complain(const std::string& line);
   bool wants_to_quit() const { return quits_; }
 
   static std::vector<std::string> command_names();

@@ -37,14 +37,7 @@ std::optional<std::string> run_lines(Interpreter& interpreter, Lines& lines,
                                      const ScriptLines& script, bool goes_on) {
   std::optional<std::string> failed;
   while (const std::optional<std::string> line = lines.command()) {
-    bool done = false;
-    try {
-      done = interpreter.execute(*line);
-    } catch (const UsageError& error) {
-      complain(error.what());
-    } catch (const drawing::Error& error) {
-      complain(error.what());
-    }
+    const bool done = interpreter.execute_or_complain(*line);
     if (interpreter.wants_to_quit()) break;
     if (done) continue;
     failed = script.where() + ": \"" + *line + "\" failed";

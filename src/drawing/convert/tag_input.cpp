@@ -2,20 +2,11 @@
 
 #include <algorithm>
 
+#include "drawing/dxf/chunk.h"
 #include "drawing/dxf/record_tags.h"
 
 namespace velmar::drawing {
 namespace {
-
-std::string hexadecimal(std::string_view bytes) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string text;
-  for (const char c : bytes) {
-    text += digits[static_cast<unsigned char>(c) >> 4];
-    text += digits[static_cast<unsigned char>(c) & 15];
-  }
-  return text;
-}
 
 TagValue tag_value(const dxf::RecordTags& record, const dxf::Tag& tag) {
   const dxf::Format& format = record.format();
@@ -24,7 +15,7 @@ TagValue tag_value(const dxf::RecordTags& record, const dxf::Tag& tag) {
     if (const auto real = dxf::real_value(record.bytes(), tag, format)) return {tag.code, *real};
   } else if (kind == dxf::ValueKind::chunk) {
     const std::string_view text = record.text(tag);
-    return {tag.code, format.binary ? hexadecimal(text) : std::string(text)};
+    return {tag.code, format.binary ? dxf::hexadecimal_text(text) : std::string(text)};
   } else if (kind != dxf::ValueKind::text) {
     const auto integer = dxf::integer_value(record.bytes(), tag, format);
     if (integer) return {tag.code, *integer};

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 #include "drawing/dimension/layout.h"
 #include "drawing/dimension/layout_rules.h"
@@ -10,8 +9,6 @@
 
 namespace velmar::drawing {
 namespace {
-
-constexpr double right_angle = std::numbers::pi / 2;
 
 class AngularLayouter {
  public:

@@ -16,7 +16,6 @@ Point direction_of(double angle) {
 double angle_of(Point vector) { return std::atan2(vector.y, vector.x); }
 
 double readable(double angle) {
-  constexpr double right_angle = std::numbers::pi / 2;
   const double turned = wrapped(angle);
   const bool is_upside_down =
       turned > right_angle + layout_tolerance && turned <= 3 * right_angle + layout_tolerance;

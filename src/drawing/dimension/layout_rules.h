@@ -1,5 +1,6 @@
 #pragma once
 
+#include <numbers>
 #include <optional>
 
 #include "drawing/dimension/layout.h"
@@ -9,6 +10,7 @@ namespace velmar::drawing {
 // What the layouts of all kinds of dimensions have in common.
 
 inline constexpr double layout_tolerance = 1e-9;
+inline constexpr double right_angle = std::numbers::pi / 2;
 
 /// Along the axes without the noise of pi.
 Point direction_of(double angle);

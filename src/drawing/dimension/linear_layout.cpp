@@ -10,8 +10,6 @@ namespace velmar::drawing {
 namespace {
 
 constexpr double tolerance = layout_tolerance;
-constexpr double right_angle = std::numbers::pi / 2;
-
 /// The dimension line: from `start`, where it meets the first extension line, `length` along.
 struct Line {
   Point start, along, up;  // `up`: to the side on which texts stand

@@ -1,5 +1,4 @@
 #include <cmath>
-#include <numbers>
 
 #include "drawing/dimension/layout.h"
 #include "drawing/dimension/layout_rules.h"
@@ -10,7 +9,6 @@ namespace velmar::drawing {
 /// The line leads from the feature square to what is measured, with a slanted piece where the end
 /// is beside it; the text stands at its end, along it.
 DimensionLayout ordinate_layout(const Dimension& dimension, const DimVariables& v, TextRoom text) {
-  constexpr double right_angle = std::numbers::pi / 2;
   const Matrix to_ocs = world_to_ocs(dimension.normal);
   const Point feature = to_ocs(dimension.first), end = to_ocs(dimension.second);
   const LayoutSizes sizes(v, text.height);

@@ -9,8 +9,6 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double right_angle = std::numbers::pi / 2;
-
 /// The dimension line is a ray from the centre through the point at which the radius is measured,
 /// or the line through both ends of the diameter; places on it are distances from the centre.
 class RoundLayouter {
