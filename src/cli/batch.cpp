@@ -12,6 +12,7 @@
 #include "cli/drawing_files.h"
 #include "cli/interrupt.h"
 #include "cli/method_lookup.h"
+#include "cli/printable.h"
 #include "cli/progress.h"
 #include "cli/usage_error.h"
 #include "drawing/error.h"
@@ -171,7 +172,8 @@ Totals run_jobs(std::deque<BatchJob> waiting, const BatchOptions& options, Batch
     if (row->added + row->modified + row->erased > 0) ++totals.changed;
     if (!done) {
       progress.clear();
-      complain(row->drawing + ": " + row->status + (row->error.empty() ? "" : ": " + row->error));
+      complain(printable(row->drawing + ": " + row->status +
+                         (row->error.empty() ? "" : ": " + row->error)));
     }
     progress.show(totals.done + totals.failed, totals.failed);
   }

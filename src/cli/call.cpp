@@ -14,6 +14,7 @@
 #include "cli/console.h"
 #include "cli/folder_watch.h"
 #include "cli/method_lookup.h"
+#include "cli/printable.h"
 #include "cli/run.h"
 #include "cli/saving.h"
 #include "cli/usage_error.h"
@@ -59,7 +60,7 @@ ExitCode report(const CallRecord& record, bool json) {
   print(json ? to_text(call_json(record)) : call_text(record));
   tell_refused(record);
   if (record.failure) complain(failure_text(*record.failure));
-  if (record.drawing_failure) complain(*record.drawing_failure);
+  if (record.drawing_failure) complain(printable(*record.drawing_failure));
   if (record.drawing_failure) return ExitCode::drawing_failed;
   return record.failure ? ExitCode::method_failed : ExitCode::done;
 }

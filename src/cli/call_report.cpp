@@ -3,6 +3,7 @@
 #include "basic/number_text.h"
 #include "basic/strings.h"
 #include "cli/console.h"
+#include "cli/printable.h"
 
 namespace velmar::cli {
 namespace {
@@ -75,9 +76,10 @@ std::string changes_text(const DrawingChanges& drawing) {
   const auto& [added, modified, erased] = drawing.changes;
   std::string text = std::to_string(modified.size()) + " modified, " +
                      std::to_string(added.size()) + " added, " + std::to_string(erased.size()) +
-                     " erased in " + drawing.drawing;
-  if (drawing.only_others) return "no entities but other data changed in " + drawing.drawing;
-  if (!drawing.saved_to.empty()) text += "; saved to " + drawing.saved_to;
+                     " erased in " + printable(drawing.drawing);
+  if (drawing.only_others)
+    return "no entities but other data changed in " + printable(drawing.drawing);
+  if (!drawing.saved_to.empty()) text += "; saved to " + printable(drawing.saved_to);
   return text;
 }
 
@@ -136,15 +138,15 @@ std::string written_back_text(const CallRecord& record) {
 }
 
 std::string failure_text(const basic::Failure& failure) {
-  return "error " + std::to_string(failure.number) + ": " + failure.description + " (" +
-         failure.source + ")";
+  return "error " + std::to_string(failure.number) + ": " + printable(failure.description) + " (" +
+         printable(failure.source) + ")";
 }
 
 void tell_refused(const CallRecord& record) {
   for (const std::string& why : record.refused) {
     // The failure that ended the method is told as that.
     if (record.failure && record.failure->description.ends_with(why)) continue;
-    complain(why);
+    complain(printable(why));
   }
 }
 

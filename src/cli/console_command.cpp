@@ -11,6 +11,7 @@
 #include "cli/console_lines.h"
 #include "cli/interpreter.h"
 #include "cli/interrupt.h"
+#include "cli/printable.h"
 #include "cli/script_lines.h"
 #include "cli/usage_error.h"
 #include "drawing/error.h"
@@ -19,7 +20,7 @@
 namespace velmar::cli {
 namespace {
 
-void report(const CallRecord& record) {
+void tell(const CallRecord& record) {
   print(call_text(record) + written_back_text(record));
   tell_refused(record);
   if (record.was_interrupted) {
@@ -45,7 +46,7 @@ bool run_session(Interpreter& interpreter, Lines& lines) {
 void tell_unsaved(const Run& run) {
   for (const embedded::DocumentPointer& document : run.documents()) {
     if (document->drawing.is_changed()) {
-      complain(run.name_of(*document) + " was changed but is not saved");
+      complain(printable(run.name_of(*document)) + " was changed but is not saved");
     }
   }
 }
@@ -64,7 +65,7 @@ ExitCode at_terminal(const std::vector<std::string>& drawings) {
   print("Velmar " + std::string(embedded::velmar_version) + ". HELP lists the commands.\n");
   Interpreter interpreter(run, lines, conversation, [&](const CallRecord& record) {
     screen.begin_line();
-    report(record);
+    tell(record);
   });
   run_session(interpreter, lines);
   if (!interpreter.wants_to_quit()) tell_unsaved(run);
@@ -77,7 +78,7 @@ ExitCode with_plain_lines(const std::vector<std::string>& drawings) {
   RecordedLines lines(script);
   Conversation conversation(lines);
   Run run(drawings, conversation, {}, Run::Session::steps);
-  Interpreter interpreter(run, lines, conversation, report);
+  Interpreter interpreter(run, lines, conversation, tell);
   const bool all_done = run_session(interpreter, lines);
   tell_unsaved(run);
   return all_done ? ExitCode::done : ExitCode::method_failed;

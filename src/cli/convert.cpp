@@ -5,6 +5,7 @@
 #include "cli/action.h"
 #include "cli/console.h"
 #include "cli/json.h"
+#include "cli/printable.h"
 #include "cli/usage_error.h"
 #include "drawing/drawing.h"
 #include "drawing/utf8_path.h"
@@ -49,7 +50,7 @@ std::string handles_text(const drawing::Loss& loss) {
 }
 
 std::string loss_text(const drawing::Loss& loss) {
-  return "  " + std::to_string(loss.count) + " " + loss.what + ": " + loss.outcome +
+  return "  " + std::to_string(loss.count) + " " + printable(loss.what + ": " + loss.outcome) +
          handles_text(loss) + "\n";
 }
 
@@ -100,14 +101,14 @@ ExitCode convert(const ConvertOptions& options) {
     print(losses_text(conversion));
   }
   if (refused) {
-    complain(options.from + ": " + to + " cannot hold all of this drawing of " + from +
+    complain(printable(options.from) + ": " + to + " cannot hold all of this drawing of " + from +
              "; nothing was written. Give --lossy to write it nevertheless");
     return ExitCode::drawing_failed;
   }
   if (!options.json) {
     const bool binary = target.binary.value_or(drawing.is_binary());
-    print(options.from + " (" + from + ") saved to " + options.to + " (" + to +
-          (binary ? ", binary" : ", text") + ")\n");
+    print(printable(options.from) + " (" + from + ") saved to " + printable(options.to) + " (" +
+          to + (binary ? ", binary" : ", text") + ")\n");
   }
   return ExitCode::done;
 }

@@ -24,7 +24,7 @@ struct DiffOptions {
   PictureOptions picture;
 };
 
-std::string_view in_words(Difference::Kind kind) {
+std::string_view kind_words(Difference::Kind kind) {
   switch (kind) {
     case Difference::Kind::removed:
       return "removed";
@@ -80,7 +80,7 @@ class DiffReport {
     return text;
   }
   std::string line(const Difference& difference) const {
-    std::string text = std::string(in_words(difference.kind));
+    std::string text = std::string(kind_words(difference.kind));
     text.resize(9, ' ');
     text += subject(difference);
     std::string_view mark = ": ";
@@ -89,10 +89,10 @@ class DiffReport {
       text.append(value.b).append("\"");
       mark = "; ";
     }
-    return text + "\n";
+    return printable(text) + "\n";
   }
   Json object(const Difference& difference) const {
-    Json json = {{"change", in_words(difference.kind)}, {"what", difference.what}};
+    Json json = {{"change", kind_words(difference.kind)}, {"what", difference.what}};
     if (!difference.name.empty()) {
       json["name"] = difference.name;
     } else {

@@ -13,7 +13,7 @@
 namespace velmar::cli {
 namespace {
 
-std::string_view in_words(Finding::State state) {
+std::string_view state_words(Finding::State state) {
   constexpr auto words = std::to_array<std::string_view>({"well", "absent", "wrong"});
   static_assert(words.size() == static_cast<std::size_t>(Finding::State::wrong) + 1);
   return words[static_cast<std::size_t>(state)];
@@ -23,7 +23,7 @@ std::string findings_text(const std::vector<Finding>& findings) {
   using Side = TextTable::Side;
   TextTable table({Side::left, Side::left, Side::left});
   for (const Finding& finding : findings) {
-    table.add({std::string(in_words(finding.state)), finding.subject, printable(finding.text)});
+    table.add({std::string(state_words(finding.state)), finding.subject, printable(finding.text)});
   }
   return table.text();
 }
@@ -31,8 +31,9 @@ std::string findings_text(const std::vector<Finding>& findings) {
 std::string findings_json(const std::vector<Finding>& findings) {
   Json all = Json::array();
   for (const Finding& finding : findings) {
-    all.push_back(
-        {{"subject", finding.subject}, {"state", in_words(finding.state)}, {"text", finding.text}});
+    all.push_back({{"subject", finding.subject},
+                   {"state", state_words(finding.state)},
+                   {"text", finding.text}});
   }
   return to_text(all);
 }

@@ -2,6 +2,7 @@
 
 #include "basic/failure.h"
 #include "cli/call_report.h"
+#include "cli/printable.h"
 #include "cli/text_table.h"
 #include "embedded/entity_object.h"
 
@@ -37,10 +38,10 @@ std::string entity_text(const embedded::DocumentPointer& document, drawing::Reco
   TextTable facts({TextTable::Side::left, TextTable::Side::left});
   for (const Member member : listed) {
     const std::string text = text_of(*entity, member);
-    if (!text.empty()) facts.add({std::string(host::spelling(member)), text});
+    if (!text.empty()) facts.add({std::string(host::spelling(member)), printable(text)});
   }
   const std::string handle = drawing::handle_text(drawing.record(id).handle);
-  return std::string(drawing.kind_name(id)) + " #" + handle + "\n" + facts.text(2);
+  return printable(drawing.kind_name(id)) + " #" + handle + "\n" + facts.text(2);
 }
 
 }  // namespace velmar::cli

@@ -7,6 +7,7 @@
 
 #include "basic/strings.h"
 #include "cli/drawing_files.h"
+#include "cli/printable.h"
 #include "drawing/error.h"
 #include "drawing/journal.h"
 #include "drawing/utf8_path.h"
@@ -79,7 +80,7 @@ std::string FolderWatch::take_back() {
       try {
         drawing::undo(entries[i]);
       } catch (const drawing::Error& error) {
-        failed += std::string("\nvelmar: ") + error.what();
+        failed += "\nvelmar: " + printable(error.what());
       }
     }
   }

@@ -6,6 +6,7 @@
 #include "cli/action.h"
 #include "cli/console.h"
 #include "cli/info_report.h"
+#include "cli/printable.h"
 #include "cli/sums.h"
 #include "cli/usage_error.h"
 #include "drawing/utf8_path.h"
@@ -39,7 +40,7 @@ ExitCode look_at_each(const InfoOptions& options, Look look) {
       if (result == ExitCode::done) result = code;
     } catch (const drawing::Error& error) {
       result = ExitCode::drawing_failed;
-      complain(error.what());
+      complain(printable(error.what()));
       all.push_back({{"file", file}, {"error", drawing_error(error.what())}});
     }
   }

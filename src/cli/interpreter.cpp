@@ -9,6 +9,7 @@
 #include "cli/console.h"
 #include "cli/interrupt.h"
 #include "cli/method_lookup.h"
+#include "cli/printable.h"
 #include "cli/usage_error.h"
 #include "component/method_table.h"
 #include "drawing/error.h"
@@ -63,7 +64,7 @@ bool Interpreter::execute_or_complain(const std::string& line) {
   } catch (const UsageError& error) {
     complain(error.what());
   } catch (const drawing::Error& error) {
-    complain(error.what());
+    complain(printable(error.what()));
   }
   return false;
 }

@@ -14,6 +14,7 @@
 #include <cwchar>
 
 #include "cli/interrupt.h"
+#include "cli/printable.h"
 #include "system/user_folders.h"
 
 namespace velmar::cli {
@@ -172,7 +173,7 @@ unsigned char LineEditor::Terminal::complete_word(EditLine* editor, int) {
     return CC_REFRESH;
   }
   std::string list = "\n";
-  for (const std::string& candidate : found.words) list += candidate + "  ";
+  for (const std::string& candidate : found.words) list += printable(candidate) + "  ";
   std::fputs((list + "\n").c_str(), stdout);
   return CC_REDISPLAY;
 }

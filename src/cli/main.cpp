@@ -8,6 +8,7 @@
 #include "cli/build_facts.h"
 #include "cli/command_line.h"
 #include "cli/console.h"
+#include "cli/printable.h"
 #include "cli/process.h"
 #include "cli/usage_error.h"
 #include "drawing/error.h"
@@ -78,7 +79,7 @@ int main(int argc, char** argv) {
     velmar::cli::complain(std::string("velmar: ") + error.what());
     return static_cast<int>(ExitCode::wrong_usage);
   } catch (const velmar::drawing::Error& error) {
-    velmar::cli::complain(std::string("velmar: ") + error.what());
+    velmar::cli::complain("velmar: " + velmar::cli::printable(error.what()));
   } catch (const std::exception& error) {
     velmar::cli::complain(std::string("velmar: internal error: ") + error.what());
   }

@@ -108,6 +108,9 @@ render::SettingOptions PictureFile::settings() const {
   settings.all_layers = options_.all_layers;
   settings.hairline = format_ == render::Format::png ? 1 : 0.5;
   settings.units_per_inch = units_per_inch();
+  // What is written as lines is held in memory until the end, at up to two kilobytes a line.
+  constexpr std::size_t most_of_lines = 500'000;
+  if (format_ != render::Format::png) settings.most_entities = most_of_lines;
   return settings;
 }
 

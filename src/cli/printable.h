@@ -6,7 +6,8 @@
 namespace velmar::cli {
 
 /// The text with what a terminal would obey or show out of order written as an escape ("\x1B",
-/// "\u202E"): control characters and the marks of writing direction.
+/// "\u202E"): control characters, line separators, the marks of writing direction, and bytes that
+/// are no UTF-8.
 std::string printable(std::string_view text);
 
 /// The same, but line feeds and tabs stay.

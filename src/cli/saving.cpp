@@ -5,6 +5,7 @@
 
 #include "cli/console.h"
 #include "cli/drawing_files.h"
+#include "cli/printable.h"
 #include "cli/usage_error.h"
 #include "drawing/utf8_path.h"
 #include "embedded/document_saving.h"
@@ -43,7 +44,7 @@ void save_to(embedded::DocumentState& document, const std::string& target, bool 
     embedded::save_document(document, drawing::utf8_path(target));
     record.drawings.back().saved_to = target;
   } catch (const drawing::Error& error) {
-    if (record.drawing_failure) complain(*record.drawing_failure);
+    if (record.drawing_failure) complain(printable(*record.drawing_failure));
     record.drawing_failure = error.what();
   }
 }
@@ -52,7 +53,7 @@ void tell_unsaved(const std::string& file, const SavingOptions& options, bool me
   std::string_view why = ": give --save or --output to save it";
   if (method_failed) why = ", since the method failed";
   if (options.dry_run) why = " (dry run)";
-  complain(file + " was changed but is not saved" + std::string(why));
+  complain(printable(file) + " was changed but is not saved" + std::string(why));
 }
 
 }  // namespace

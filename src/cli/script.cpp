@@ -8,6 +8,7 @@
 #include "cli/call_report.h"
 #include "cli/console.h"
 #include "cli/interpreter.h"
+#include "cli/printable.h"
 #include "cli/saving.h"
 #include "cli/script_lines.h"
 #include "cli/usage_error.h"
@@ -25,7 +26,7 @@ struct ScriptOptions {
 };
 
 /// What was changed is told at the end, of all lines together, but for what methods saved.
-void report(CallRecord record, bool json) {
+void print_call(CallRecord record, bool json) {
   std::erase_if(record.drawings, [](const DrawingChanges& told) { return told.saved_to.empty(); });
   print(json ? to_text(call_json(record)) : call_text(record));
   tell_refused(record);
@@ -55,7 +56,7 @@ ExitCode run_script(const ScriptOptions& options) {
   Run run(options.drawings, conversation, options.saving.journal, Run::Session::steps);
   if (options.saving.dry_run) run.begin_dry_run();
   Interpreter interpreter(run, lines, conversation,
-                          [&](const CallRecord& record) { report(record, options.json); });
+                          [&](const CallRecord& record) { print_call(record, options.json); });
   const std::optional<std::string> failed = run_lines(interpreter, lines, script, options.goes_on);
 
   CallRecord all;  // of what the script did to the drawings
@@ -66,7 +67,7 @@ ExitCode run_script(const ScriptOptions& options) {
   } else {
     print(call_text(all));
   }
-  if (all.drawing_failure) complain(*all.drawing_failure);
+  if (all.drawing_failure) complain(printable(*all.drawing_failure));
   if (all.drawing_failure) return ExitCode::drawing_failed;
   return failed ? ExitCode::method_failed : ExitCode::done;
 }

@@ -40,7 +40,7 @@ std::string file_options(const CommandPage& page) {
 }
 
 /// In single quotes for a shell.
-std::string quoted(std::string_view text) {
+std::string in_quotes(std::string_view text) {
   std::string out = "'";
   for (const char c : text) out += c == '\'' ? std::string("'\\''") : std::string(1, c);
   return out + "'";
@@ -52,7 +52,7 @@ std::string bash(const std::vector<CommandPage>& pages) {
     const CommandPage& page = pages[i];
     commands += (commands.empty() ? "" : " ") + page.name;
     const std::string with_value = file_options(page);
-    cases += "    " + page.name + ")\n      options=" + quoted(option_words(page)) + "\n";
+    cases += "    " + page.name + ")\n      options=" + in_quotes(option_words(page)) + "\n";
     if (names_method(page)) cases += "      words=$methods\n";
     if (!with_value.empty()) {
       cases += "      case $previous in " + with_value + ") options= words= ;; esac\n";
@@ -63,11 +63,11 @@ std::string bash(const std::vector<CommandPage>& pages) {
          "  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}\n"
          "  local command=${COMP_WORDS[1]} options= words=\n"
          "  local methods=" +
-         quoted(method_names()) +
+         in_quotes(method_names()) +
          "\n"
          "  if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
          "    COMPREPLY=($(compgen -W " +
-         quoted(commands + " " + option_words(pages.front())) +
+         in_quotes(commands + " " + option_words(pages.front())) +
          " -- \"$current\"))\n    return\n  fi\n"
          "  case $command in\n" +
          cases +
@@ -85,7 +85,7 @@ std::string zsh(const std::vector<CommandPage>& pages) {
   std::string commands, cases;
   for (std::size_t i = 1; i < pages.size(); ++i) {
     const CommandPage& page = pages[i];
-    commands += "      " + quoted(page.name + ":" + page.help) + "\n";
+    commands += "      " + in_quotes(page.name + ":" + page.help) + "\n";
     cases += "    " + page.name + ") compadd -- " + option_words(page) +
              (names_method(page) ? " " + method_names() : "") + " ;;\n";
   }
@@ -101,7 +101,7 @@ std::string fish(const std::vector<CommandPage>& pages) {
   for (std::size_t i = 1; i < pages.size(); ++i) {
     const CommandPage& page = pages[i];
     text += "complete -c velmar -n __fish_use_subcommand -f -a " + page.name + " -d " +
-            quoted(page.help) + "\n";
+            in_quotes(page.help) + "\n";
     const std::string within =
         "complete -c velmar -n '__fish_seen_subcommand_from " + page.name + "'";
     for (const CommandOption& option : page.options) {
@@ -111,11 +111,11 @@ std::string fish(const std::vector<CommandPage>& pages) {
         text += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
       }
       if (option.takes_value) text += option.takes_file ? " -r" : " -x";
-      text += " -d " + quoted(option.help) + "\n";
+      text += " -d " + in_quotes(option.help) + "\n";
     }
     if (!names_method(page)) continue;
     for (const Method& method : methods()) {
-      text += within + " -a " + std::string(method.name) + " -d " + quoted(method.help) + "\n";
+      text += within + " -a " + std::string(method.name) + " -d " + in_quotes(method.help) + "\n";
     }
   }
   return text;

@@ -5,6 +5,7 @@
 
 #include "cli/action.h"
 #include "cli/console.h"
+#include "cli/printable.h"
 #include "drawing/error.h"
 #include "drawing/journal.h"
 #include "drawing/utf8_path.h"
@@ -17,7 +18,7 @@ struct UndoOptions {
   std::vector<std::string> files;  // empty: all
 };
 
-std::string_view in_words(drawing::UndoOutcome outcome) {
+std::string_view outcome_words(drawing::UndoOutcome outcome) {
   switch (outcome) {
     case drawing::UndoOutcome::restored:
       return "as it was before";
@@ -47,9 +48,10 @@ ExitCode undo_all(const UndoOptions& options) {
   for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
     if (!is_wanted(*entry, options.files)) continue;
     try {
-      print(entry->file.string() + ": " + std::string(in_words(undo(*entry))) + "\n");
+      print(printable(entry->file.string()) + ": " + std::string(outcome_words(undo(*entry))) +
+            "\n");
     } catch (const drawing::Error& error) {
-      complain(error.what());
+      complain(printable(error.what()));
       code = ExitCode::drawing_failed;
     }
   }

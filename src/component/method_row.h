@@ -34,7 +34,7 @@ consteval ValueType value_type() {
 
 /// The published name; a question mark at its end marks an optional parameter.
 template <class T>
-consteval Parameter parameter(std::string_view name) {
+constexpr Parameter parameter(std::string_view name) {
   const bool optional = name.ends_with('?');
   if (optional) name.remove_suffix(1);
   return {name, value_type<T>(), std::is_lvalue_reference_v<T>, optional};
@@ -47,7 +47,7 @@ struct Colour {
 };
 
 template <class T>
-consteval Parameter parameter(Colour marked) {
+constexpr Parameter parameter(Colour marked) {
   static_assert(value_type<T>() == ValueType::int32, "an enumeration has 32 bits");
   Parameter of_colour = parameter<T>(marked.name);
   of_colour.is_colour = true;

@@ -107,6 +107,7 @@ void write_block_name(Store& store, SpaceId id, const std::string& name) {
     block("Name2", 3, name, unless{name});
   });
   space.name = name;
+  store.space_names.forget();
 }
 
 }  // namespace velmar::drawing

@@ -94,11 +94,12 @@ class HandleCheck {
   /// What a record refers to; remembered, for dictionaries are asked for each of their entries.
   const std::unordered_set<Handle>& owned_by(RecordId owner) {
     const auto [known, is_new] = owned_.try_emplace(static_cast<std::uint32_t>(owner));
+    std::unordered_set<Handle>& handles = known->second;
     if (is_new) {
       each_reference(store_.bytes(owner), store_.format,
-                     [&](const dxf::Tag&, Handle handle) { known->second.insert(handle); });
+                     [&](const dxf::Tag&, Handle handle) { handles.insert(handle); });
     }
-    return known->second;
+    return handles;
   }
 
   const Store& store_;

@@ -59,13 +59,34 @@ CodePage CodePage::named(std::string_view dxf_name) {
   if (!name.empty()) page.converter_ = open_converter(name);
   page.known_ = dxf_name.empty() || page.converter_;
   if (!page.converter_) page.converter_ = open_converter("CP1252");
+  page.high_bytes_ = std::make_shared<const HighBytes>(high_bytes(*page.converter_));
   return page;
+}
+
+CodePage::HighBytes CodePage::high_bytes(const CodePageConverter& converter) {
+  HighBytes all;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const char byte = static_cast<char>(0x80 + i);
+    std::string_view left(&byte, 1);
+    if (!converter.to_utf8(left, all[i])) all[i].clear();
+  }
+  return all;
 }
 
 std::string CodePage::to_utf8(std::string_view bytes) const {
   if (is_utf8()) return std::string(bytes);
   std::string text;
   text.reserve(bytes.size() + bytes.size() / 2);
+  for (; !bytes.empty(); bytes.remove_prefix(1)) {
+    const auto byte = static_cast<unsigned char>(bytes.front());
+    if (byte < 0x80) {
+      text += bytes.front();
+    } else if (const std::string& character = (*high_bytes_)[byte - 0x80]; !character.empty()) {
+      text += character;
+    } else {
+      break;
+    }
+  }
   while (!converter_->to_utf8(bytes, text)) {
     text += bytes.front();
     bytes.remove_prefix(1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,7 +24,12 @@ class CodePage {
   std::string from_utf8(std::string_view text) const;
 
  private:
+  /// The characters of the bytes from 80 on, as UTF-8; empty for one that is none by itself.
+  using HighBytes = std::array<std::string, 128>;
+  static HighBytes high_bytes(const CodePageConverter& converter);
+
   std::shared_ptr<const CodePageConverter> converter_;  // none: UTF-8
+  std::shared_ptr<const HighBytes> high_bytes_;         // asking the converter takes longer
   bool known_ = true;
 };
 

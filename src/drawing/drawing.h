@@ -188,6 +188,8 @@ class Drawing {
   const Record& record(RecordId id) const;
   std::string_view kind_name(RecordId id) const;    // "LWPOLYLINE"
   std::string_view object_name(RecordId id) const;  // "AcDbPolyline"
+  /// Has the record's bytes brought near, for who is about to read it but not at once.
+  void prefetch(RecordId id) const;
   /// The record of that handle, erased ones included; none if there never was one.
   RecordId find(Handle handle) const;
   /// Entities of a space in drawing order, without erased ones.

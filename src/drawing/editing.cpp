@@ -238,7 +238,8 @@ Entity Drawing::read(RecordId id) const { return {read_common(id), read_body(id)
 Common Drawing::read_common(RecordId id) const {
   Common common;
   read_record(*store_, id, common);
-  common.layer = layer(store_->at(id).layer).name;
+  const LayerId on = store_->at(id).layer;
+  if (on != LayerId::none) common.layer = layer(on).name;
   return common;
 }
 

@@ -1,9 +1,14 @@
 #include "drawing/error.h"
 
+#include <iterator>
 #include <string_view>
 
 namespace velmar::drawing {
 namespace {
+
+/// So that however many handles are given, counting on from the highest one of a file, none is 0
+/// again.
+constexpr Handle highest_handle = 0x0FFF'FFFF'FFFF'FFFF;
 
 /// 16 for what is no digit.
 unsigned hexadecimal_digit(char c) {
@@ -16,11 +21,14 @@ unsigned hexadecimal_digit(char c) {
 
 std::string handle_text(Handle handle) {
   constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string text;
-  int shift = 60;
-  while (shift > 0 && ((handle >> shift) & 15) == 0) shift -= 4;
-  for (; shift >= 0; shift -= 4) text += digits[(handle >> shift) & 15];
-  return text;
+  char text[2 * sizeof handle];
+  char* const end = std::end(text);
+  char* begin = end;
+  do {
+    *--begin = digits[handle & 15];
+    handle >>= 4;
+  } while (handle != 0);
+  return {begin, end};
 }
 
 Handle parse_handle(std::string_view text) {
@@ -29,7 +37,7 @@ Handle parse_handle(std::string_view text) {
   Handle handle = 0;
   for (const char c : text) {
     const unsigned digit = hexadecimal_digit(c);
-    if (digit > 15 || (handle >> 60) != 0) return 0;
+    if (digit > 15 || handle > highest_handle >> 4) return 0;
     handle = handle << 4 | digit;
   }
   return handle;

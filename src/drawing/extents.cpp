@@ -1,6 +1,10 @@
 #include "drawing/extents.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "drawing/dimension/drawn_block.h"
+#include "drawing/drawn_count.h"
 #include "drawing/explode.h"
 #include "drawing/geometry/ocs.h"
 
@@ -11,6 +15,8 @@ namespace {
 // refused.
 constexpr int deepest_nesting = 64;
 constexpr std::size_t most_visits = 4'000'000;
+/// Before a walk goes on beyond so many, all that it would visit is counted.
+constexpr std::size_t short_walk = 1000;
 
 /// Visits an entity and, through block references, all that it draws, each body in world
 /// coordinates.
@@ -20,7 +26,9 @@ class Walk {
   Walk(const Drawing& drawing, Visitor& visitor) : drawing_(drawing), visitor_(visitor) {}
 
   void entity(RecordId id, const Matrix& place, bool moved, int depth) {
-    if (++visits_ > most_visits) throw nested(id, "draws too many entities through its blocks");
+    if (depth == 0) start_ = id;
+    if (++visits_ == short_walk) check_whole_walk();
+    if (visits_ > most_visits) throw too_many();
     Body body = drawing_.read(id).body;
     if (const auto* insert = std::get_if<Insert>(&body))
       return reference(id, *insert, place, depth);
@@ -33,7 +41,6 @@ class Walk {
  private:
   /// What a dimension shows: its block, else what it would.
   void drawn(RecordId id, const Dimension& dimension, const Matrix& place, int depth) {
-    if (depth > deepest_nesting) throw nested(id, "is nested too deeply, perhaps in itself");
     const auto block = drawing_.find_space(dimension.block);
     if (!block || drawing_.spaces()[index(*block)].is_layout) {
       for (const Entity& part : drawn_content(drawing_, id)) {
@@ -43,41 +50,78 @@ class Walk {
     }
     const Point offset = ocs_to_world(dimension.normal).direction(dimension.block_offset);
     const Matrix here = place * translation(offset);
+    enter(id, *block, depth);
     for (const RecordId inner : drawing_.entities(*block)) entity(inner, here, true, depth + 1);
+    within_.pop_back();
   }
 
   void reference(RecordId id, const Insert& insert, const Matrix& place, int depth) {
-    if (depth > deepest_nesting) throw nested(id, "is nested too deeply, perhaps in itself");
     for (const RecordId attribute : drawing_.parts(id)) {
       entity(attribute, place, depth > 0, depth + 1);
     }
     const auto block = drawing_.find_space(insert.block);
     if (!block) return;
     const Space& space = drawing_.spaces()[index(*block)];
-    const std::vector<RecordId> content = drawing_.entities(*block);
+    std::vector<RecordId> content = drawing_.entities(*block);
+    // What defines an attribute is not drawn with the reference; the attribute is.
+    std::erase_if(content,
+                  [&](RecordId inner) { return drawing_.record(inner).kind == Kind::attdef; });
     if (content.empty()) return;
-    for (int row = 0; row < std::max(insert.rows, 1); ++row) {
-      for (int column = 0; column < std::max(insert.columns, 1); ++column) {
+    enter(id, *block, depth);
+    for (int row = 0; row < insert.rows || row == 0; row = next_cell(row, insert.rows)) {
+      for (int column = 0; column < insert.columns || column == 0;
+           column = next_cell(column, insert.columns)) {
         const Matrix here = place * placement(insert, space.base, column, row);
-        for (const RecordId inner : content) {
-          // What defines an attribute is not drawn with the reference; the attribute is.
-          if (drawing_.record(inner).kind != Kind::attdef) entity(inner, here, true, depth + 1);
-        }
+        for (const RecordId inner : content) entity(inner, here, true, depth + 1);
       }
     }
+    within_.pop_back();
   }
 
-  Error nested(RecordId id, const std::string& what) const {
-    return Error(std::string(drawing_.kind_name(id)) + " #" +
+  /// Cells of an array stand in straight lines: none reaches farther than those at its corners.
+  static int next_cell(int cell, int count) {
+    if (Visitor::corners_tell_all && cell == 0 && count > 1) return count - 1;
+    return cell + 1;
+  }
+
+  void enter(RecordId id, SpaceId block, int depth) {
+    if (std::ranges::count(within_, block) > 0) {
+      throw refused(id, "draws the block \"" + drawing_.spaces()[index(block)].name +
+                            "\" within itself: take the reference out of the block");
+    }
+    if (depth > deepest_nesting) {
+      throw refused(id, "stands in more than " + std::to_string(deepest_nesting) +
+                            " blocks within each other: explode some of them");
+    }
+    within_.push_back(block);
+  }
+
+  void check_whole_walk() const {
+    const int most_in_a_row = Visitor::corners_tell_all ? 2 : std::numeric_limits<int>::max();
+    DrawnCount count(drawing_, {most_visits, deepest_nesting, most_in_a_row});
+    if (count.of(start_) > most_visits) throw too_many();
+  }
+
+  Error too_many() const {
+    return refused(start_, "draws more than " + std::to_string(most_visits) +
+                               " entities through its blocks: explode or divide it");
+  }
+
+  Error refused(RecordId id, const std::string& what) const {
+    const std::string file = drawing_.path().string();
+    return Error((file.empty() ? "" : file + ": ") + std::string(drawing_.kind_name(id)) + " #" +
                  handle_text(drawing_.record(id).handle) + " " + what);
   }
 
   const Drawing& drawing_;
   Visitor& visitor_;
   std::size_t visits_ = 0;
+  RecordId start_ = RecordId::none;
+  std::vector<SpaceId> within_;
 };
 
 struct BoxOf {
+  static constexpr bool corners_tell_all = true;
   Box box;
   template <class Shape>
   void operator()(const Shape& shape) {
@@ -86,6 +130,7 @@ struct BoxOf {
 };
 
 struct OutlinesOf {
+  static constexpr bool corners_tell_all = false;
   std::vector<std::vector<Point>> chains;
   template <class Shape>
   void operator()(const Shape& shape) {

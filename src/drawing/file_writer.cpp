@@ -25,9 +25,8 @@ mode_t mode_of_new_file() {
 
 }  // namespace
 
-FileWriter::FileWriter(const std::filesystem::path& target) : target_(target) {
-  std::error_code error;
-  if (const auto real = std::filesystem::canonical(target, error); !error) target_ = real;
+FileWriter::FileWriter(const std::filesystem::path& target)
+    : target_(followed(target)), lock_(target_) {
   struct stat status {};
   replaces_ = ::stat(target_.c_str(), &status) == 0;
   if (replaces_ && !S_ISREG(status.st_mode)) {

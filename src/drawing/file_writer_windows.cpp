@@ -28,9 +28,8 @@ std::wstring random_suffix() {
 
 }  // namespace
 
-FileWriter::FileWriter(const std::filesystem::path& target) : target_(target) {
-  std::error_code error;
-  if (const auto real = std::filesystem::canonical(target, error); !error) target_ = real;
+FileWriter::FileWriter(const std::filesystem::path& target)
+    : target_(followed(target)), lock_(target_) {
   const DWORD attributes = ::GetFileAttributesW(target_.c_str());
   replaces_ = attributes != INVALID_FILE_ATTRIBUTES;
   if (replaces_) {

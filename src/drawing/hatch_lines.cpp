@@ -69,24 +69,35 @@ class Filling {
   std::vector<HatchSegment> segments;
 
  private:
-  /// A loop crosses a line an even number of times: an edge counts its lower end, not its upper
-  /// one.
-  std::vector<Crossing> crossings_of(const Family& family) const {
-    std::vector<Crossing> crossings;
+  /// Calls `visit(a, b, from, to)` for each edge of the loops: its ends as the family sees them,
+  /// and how many lines they are above the first one.
+  template <class Visit>
+  void each_edge(const Family& family, Visit visit) const {
     for (const std::vector<Point>& loop : loops_) {
       for (std::size_t i = 1; i < loop.size(); ++i) {
         const Point a = family.seen(loop[i - 1]), b = family.seen(loop[i]);
-        const double from = a.y / family.step(), to = b.y / family.step();
-        const double first = std::ceil(std::min(from, to)), end = std::ceil(std::max(from, to));
-        if (!(static_cast<double>(crossings.size()) + (end - first) <=
-              2 * static_cast<double>(at_most_))) {
-          throw too_dense();
-        }
-        for (double line = first; line < end; ++line) {
-          crossings.push_back({line, a.x + (b.x - a.x) * ((line - from) / (to - from))});
-        }
+        visit(a, b, a.y / family.step(), b.y / family.step());
       }
     }
+  }
+
+  /// A loop crosses a line an even number of times: an edge counts its lower end, not its upper
+  /// one.
+  std::vector<Crossing> crossings_of(const Family& family) const {
+    constexpr double farthest = 1e15;  // a double cannot count lines far beyond
+    double count = 0;
+    each_edge(family, [&](Point, Point, double from, double to) {
+      if (!(std::max(std::abs(from), std::abs(to)) <= farthest)) throw too_far();
+      count += std::ceil(std::max(from, to)) - std::ceil(std::min(from, to));
+    });
+    if (!(count <= 2 * static_cast<double>(at_most_))) throw too_dense();
+    std::vector<Crossing> crossings;
+    each_edge(family, [&](Point a, Point b, double from, double to) {
+      const double end = std::ceil(std::max(from, to));
+      for (double line = std::ceil(std::min(from, to)); line < end; ++line) {
+        crossings.push_back({line, a.x + (b.x - a.x) * ((line - from) / (to - from))});
+      }
+    });
     return crossings;
   }
 
@@ -114,6 +125,12 @@ class Filling {
   Error too_dense() const {
     return Error("the hatch pattern is too dense: more than " + std::to_string(at_most_) +
                  " pieces of lines");
+  }
+
+  Error too_far() const {
+    return Error(
+        "the hatch pattern has no lines here: its lines have no distance, or the hatch is "
+        "too far from their base point");
   }
 
   std::size_t at_most_;

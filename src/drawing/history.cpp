@@ -215,6 +215,8 @@ void History::swap(Store& store, Step& step, const Marks& to) const {
   if (step.layouts) store.layouts.swap(*step.layouts);
   swap_rows(store, step);
   swap_order(store, step);
+  store.space_names.forget();
+  store.layer_names.forget();
   store.looks.clear();
   store.any_erased = true;
   store.gave_handles = to.gave_handles;

@@ -9,6 +9,7 @@
 #include <memory>
 #include <sstream>
 
+#include "drawing/disk_flush.h"
 #include "drawing/error.h"
 #include "drawing/file_writer.h"
 #include "drawing/source.h"
@@ -154,6 +155,8 @@ std::vector<OldRun> old_runs(std::string_view old_bytes,
 }
 
 void Journal::add(const SaveEntry& entry) {
+  std::error_code no_file;
+  const auto complete = fs::file_size(file_, no_file);
   std::ofstream file(file_, std::ios::binary | std::ios::app);
   file << first_line << "\nfile " << utf8(entry.file) << "\nbefore "
        << (entry.before ? text_of(*entry.before) : "nothing") << "\nafter " << text_of(entry.after)
@@ -165,8 +168,12 @@ void Journal::add(const SaveEntry& entry) {
       file << "bytes " << run.bytes.size() << '\n' << run.bytes << '\n';
     }
   }
-  file << "end\n" << std::flush;
-  if (!file) throw Error(utf8(file_) + ": the journal cannot be written; nothing was saved");
+  file << "end\n";
+  file.close();
+  if (file && flush_to_disk(file_)) return;
+  std::error_code unchangeable;
+  fs::resize_file(file_, no_file ? 0 : complete, unchangeable);
+  throw Error(utf8(file_) + ": the journal cannot be written; nothing was saved");
 }
 
 std::vector<SaveEntry> Journal::read(const fs::path& file) {

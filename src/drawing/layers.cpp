@@ -62,6 +62,7 @@ void Drawing::write_layer(LayerId id, const LayerRow& row) {
       store_->patch(head,
                     dxf::with_variable(store_->bytes(head), "$CLAYER", row.name, store_->format));
     }
+    store_->layer_names.forget();
   }
   static_cast<LayerRow&>(layer) = row;
 }

@@ -131,6 +131,7 @@ void Drawing::save(const std::filesystem::path& path, const Conversion& conversi
 
 void Drawing::save_pieces(const std::filesystem::path& path,
                           const std::vector<std::string_view>& pieces) {
+  FileWriter file(path);  // from here on no other program of ours replaces the target
   std::error_code error;
   const bool same_file =
       !store_->path.empty() && std::filesystem::equivalent(path, store_->path, error);
@@ -139,8 +140,12 @@ void Drawing::save_pieces(const std::filesystem::path& path,
                 ": has changed since it was opened; nothing was saved. Open it again, or save "
                 "under another name");
   }
-  FileWriter file(path);
   file.write(pieces);
+  if (!store_->source.is_as_read()) {
+    throw Error(store_->name +
+                ": another program wrote into the file since it was opened; nothing was saved. "
+                "Open it again");
+  }
   if (store_->journal) {
     const bool is_source = same_file && !store_->saved_converted;
     store_->journal->add(save_entry(*store_, path, is_source, pieces));

@@ -22,18 +22,37 @@ FileStamp stamp_from(const struct stat& status) {
   throw Error(path.string() + ": " + why);
 }
 
-class Descriptor {
+/// An open file, mapped as a whole.
+class MappedFile {
  public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) ::close(number_);
+  explicit MappedFile(const std::filesystem::path& path)
+      // Not blocking, so that a pipe is refused below instead of waited for.
+      : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    if (descriptor_ < 0) refuse(path, std::string("cannot be read: ") + std::strerror(errno));
   }
-  int number() const { return number_; }
+  MappedFile(const MappedFile&) = delete;
+  MappedFile& operator=(const MappedFile&) = delete;
+  ~MappedFile() {
+    if (start_ != MAP_FAILED) ::munmap(start_, size_);
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
+
+  struct stat status() const {
+    struct stat status {};
+    ::fstat(descriptor_, &status);
+    return status;
+  }
+  std::string_view map(std::size_t size) {
+    size_ = size;
+    start_ = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, descriptor_, 0);
+    return start_ == MAP_FAILED ? std::string_view()
+                                : std::string_view(static_cast<const char*>(start_), size);
+  }
 
  private:
-  int number_;
+  int descriptor_;
+  void* start_ = MAP_FAILED;
+  std::size_t size_ = 0;
 };
 
 }  // namespace
@@ -45,23 +64,19 @@ std::optional<FileStamp> stamp_of(const std::filesystem::path& path) {
 }
 
 Source Source::map(const std::filesystem::path& path) {
-  // Not blocking, so that a pipe is refused below instead of waited for.
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  if (file.number() < 0) refuse(path, std::string("cannot be read: ") + std::strerror(errno));
-  struct stat status {};
-  if (::fstat(file.number(), &status) != 0) refuse(path, std::strerror(errno));
+  const auto file = std::make_shared<MappedFile>(path);
+  const struct stat status = file->status();
   if (S_ISDIR(status.st_mode)) refuse(path, "is a folder, not a drawing");
   if (!S_ISREG(status.st_mode)) refuse(path, "is no regular file");
   if (status.st_size == 0) refuse(path, "is empty: expected a DXF drawing");
-  const auto size = static_cast<std::size_t>(status.st_size);
-  void* const start =
-      ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file.number(), 0);
-  if (start == MAP_FAILED) refuse(path, std::string("cannot be mapped: ") + std::strerror(errno));
   Source source;
-  source.owner_ = std::shared_ptr<const void>(
-      start, [size](const void* mapped) { ::munmap(const_cast<void*>(mapped), size); });
-  source.bytes_ = {static_cast<const char*>(start), size};
+  source.bytes_ = file->map(static_cast<std::size_t>(status.st_size));
+  if (source.bytes_.empty()) {
+    refuse(path, std::string("cannot be mapped: ") + std::strerror(errno));
+  }
   source.stamp_ = stamp_from(status);
+  source.stamp_now_ = [file] { return stamp_from(file->status()); };
+  source.owner_ = file;
   return source;
 }
 

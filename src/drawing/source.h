@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,11 +28,15 @@ class Source {
 
   std::string_view bytes() const { return bytes_; }
   const FileStamp& stamp() const { return stamp_; }
+  /// False where another program wrote into the mapped file: then these are not the bytes that were
+  /// read. A file that was replaced by another one is still as it was.
+  bool is_as_read() const { return !stamp_now_ || stamp_now_() == stamp_; }
 
  private:
   std::shared_ptr<const void> owner_;
   std::string_view bytes_;
   FileStamp stamp_;
+  std::function<FileStamp()> stamp_now_;  // of a mapped file; none where the bytes are a copy
 };
 
 }  // namespace velmar::drawing

@@ -30,14 +30,20 @@ std::string_view Store::kind_name(Kind kind) const {
 
 Kind Store::kind_named(std::string_view wanted) {
   constexpr std::size_t last_kind = 0xFFFF;
-  const std::size_t count = static_cast<std::size_t>(Kind::others) + other_kinds.size();
-  for (std::size_t kind = 0; kind < count; ++kind) {
-    if (kind_name(static_cast<Kind>(kind)) == wanted) return static_cast<Kind>(kind);
+  constexpr auto others = static_cast<std::size_t>(Kind::others);
+  if (kinds_by_name.empty()) {
+    for (std::size_t kind = 0; kind < others; ++kind) {
+      kinds_by_name.emplace(kind_name(static_cast<Kind>(kind)), static_cast<Kind>(kind));
+    }
   }
-  if (count == last_kind)
-    return static_cast<Kind>(last_kind);  // a hostile file: the rest share one
-  other_kinds.emplace_back(wanted);
-  return static_cast<Kind>(count);
+  const std::size_t next = others + other_kinds.size();
+  // A hostile file may name more than there is room for: the rest share one.
+  if (next == last_kind && !kinds_by_name.contains(std::string(wanted))) {
+    return static_cast<Kind>(last_kind);
+  }
+  const auto [known, is_new] = kinds_by_name.try_emplace(std::string(wanted), Kind(next));
+  if (is_new) other_kinds.emplace_back(wanted);
+  return known->second;
 }
 
 /// The record saved first at a position of the source or behind it.
@@ -141,9 +147,12 @@ RecordId Store::add(RecordId before, Record record, std::string bytes) {
   patches[number] = std::move(bytes);
   anchors[number] = anchor;
   auto& line = added_before[anchor];
-  // Most often it is one of those added last.
-  const auto place = std::find(line.rbegin(), line.rend(), before);
-  line.insert(beside_added ? place.base() - 1 : line.end(), id);
+  if (beside_added) {
+    // Most often it is one of those added last.
+    line.insert(std::find(line.rbegin(), line.rend(), before).base() - 1, id);
+  } else {
+    line.push_back(id);
+  }
   edited();
   return id;
 }
@@ -157,12 +166,12 @@ Handle Store::give_handle(RecordId id) {
 }
 
 std::optional<LayerId> Store::find_layer(std::string_view wanted) const {
-  for (std::size_t i = 0; i < layers.size(); ++i) {
+  const auto place = layer_names.find(layers, wanted, [&](std::size_t i) {
     const RecordId row = layers[i].record;
-    const bool is_gone = layers[i].undone || (row != RecordId::none && at(row).is(Record::erased));
-    if (!is_gone && same_name(layers[i].name, wanted)) return static_cast<LayerId>(i);
-  }
-  return std::nullopt;
+    return !layers[i].undone && (row == RecordId::none || !at(row).is(Record::erased));
+  });
+  if (!place) return std::nullopt;
+  return static_cast<LayerId>(*place);
 }
 
 LayerId Store::layer_named(std::string_view wanted) {
@@ -174,24 +183,16 @@ LayerId Store::layer_named(std::string_view wanted) {
 }
 
 std::optional<SpaceId> Store::find_space(std::string_view wanted) const {
-  for (; indexed_spaces < spaces.size(); ++indexed_spaces) {
-    space_index.emplace(spaces[indexed_spaces].name, static_cast<std::uint32_t>(indexed_spaces));
-  }
-  const auto indexed = space_index.find(std::string(wanted));
-  if (indexed != space_index.end() && spaces[indexed->second].name == wanted) {
-    return static_cast<SpaceId>(indexed->second);
-  }
-  for (std::size_t i = 0; i < spaces.size(); ++i) {
-    if (!spaces[i].erased && same_name(spaces[i].name, wanted)) return static_cast<SpaceId>(i);
-  }
-  return std::nullopt;
+  const auto place =
+      space_names.find(spaces, wanted, [&](std::size_t i) { return !spaces[i].erased; });
+  if (!place) return std::nullopt;
+  return static_cast<SpaceId>(*place);
 }
 
 std::uint64_t Store::line_of(RecordId id, std::size_t offset) const {
   const std::size_t byte = at(id).begin + offset;
   if (format.binary) return byte;
-  const std::string_view before = source.bytes().substr(0, byte);
-  return 1 + static_cast<std::uint64_t>(std::count(before.begin(), before.end(), format.line_end));
+  return lines.line_at(source.bytes(), byte, format.line_end);
 }
 
 std::string Store::where(RecordId id, std::size_t offset) const {

@@ -8,7 +8,9 @@
 
 #include "drawing/drawing.h"
 #include "drawing/dxf/format.h"
+#include "drawing/line_index.h"
 #include "drawing/name.h"
+#include "drawing/name_index.h"
 #include "drawing/source.h"
 
 namespace velmar::drawing {
@@ -47,6 +49,7 @@ struct Store {
   std::vector<Record> records;  // of the source, then added ones
   std::size_t source_count = 0;
   std::vector<std::string> other_kinds;  // names of kinds from Kind::others on
+  std::unordered_map<std::string, Kind> kinds_by_name;
   Landmarks landmarks;
   bool has_handles = false;
   Handle next_handle = 1;
@@ -81,9 +84,8 @@ struct Store {
   Handle handle_seed = 1;        // what it is then
   mutable std::optional<std::set<SpaceId>> shared_blocks;  // see Drawing::is_drawn_by_several
   std::uint64_t latest_drawn_block = 0;  // the number of the newest block *Dn, once one was added
-  // Positions of spaces by their names, of the first `indexed_spaces`.
-  mutable std::unordered_map<std::string, std::uint32_t> space_index;
-  mutable std::size_t indexed_spaces = 0;
+  mutable NameIndex space_names, layer_names;
+  mutable LineIndex lines;  // of the source
 
   std::vector<std::uint32_t> by_handle;  // records in the order of their handles
   mutable std::size_t latest_find = 0;   // where in it find() stood last

@@ -15,6 +15,8 @@ Value EntityObject::get(Member member) {
   switch (member) {  // what every walk asks for
     case Member::ObjectName:
       return drawing().object_name(id_);
+    case Member::Handle:
+      return drawing::handle_text(record().handle);
     case Member::Layer:
       return std::string_view(layer_name());
     case Member::TextString:

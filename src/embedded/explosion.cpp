@@ -83,8 +83,9 @@ std::vector<Successor> successors(const Drawing& drawing, const Insert& insert, 
                                   const std::vector<RecordId>& content) {
   const int columns = std::max(insert.columns, 1), rows = std::max(insert.rows, 1);
   const auto cells = static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows);
-  if (content.size() * cells > most_entities) throw failure(HostError::invalid_input);
   std::vector<Successor> result;
+  if (content.empty()) return result;
+  if (cells > most_entities / content.size()) throw failure(HostError::invalid_input);
   for (int row = 0; row < rows; ++row) {
     for (int column = 0; column < columns; ++column) {
       const Matrix place = placement(insert, block.base, column, row);

@@ -86,7 +86,10 @@ basic::Value make_object(const DocumentPointer& document, RecordId id) {
   if (record.kind == Kind::style) return std::make_shared<TextStyleObject>(document, id);
   const bool is_entity = record.layer != drawing::LayerId::none &&
                          (record.space != drawing::SpaceId::none || record.is(Record::part));
-  if (is_entity) return make_entity(document, id);
+  if (is_entity) {
+    drawing.prefetch(id);
+    return make_entity(document, id);
+  }
   return std::make_shared<OtherObject>(document, id);
 }
 

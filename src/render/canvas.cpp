@@ -130,9 +130,12 @@ void Canvas::dashed(const Chain& chain, const Chain& in_picture, const Look& loo
     if (part) seen_length += way * (part->second - part->first);
   }
   const double turns = seen_length / (period(*look.pattern) * look.pattern_scale);
-  if (!(turns * static_cast<double>(look.pattern->size()) < most_dashes)) {
+  const double count = turns * static_cast<double>(look.pattern->size());
+  if (!(count < std::min(most_dashes, look.dashes ? look.dashes->left : most_dashes))) {
+    if (look.dashes) ++look.dashes->drawn_through;
     return plain(in_picture, look);
   }
+  if (look.dashes) look.dashes->left -= count;
   const Dashes dashes(*look.pattern, look.pattern_scale, length);
   Pieces pieces(*painter_, look);
   double before = 0;

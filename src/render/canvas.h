@@ -9,12 +9,19 @@
 
 namespace velmar::render {
 
+/// How many dashes a picture may have yet, and how many lines were drawn through for it.
+struct DashBudget {
+  double left = 5'000'000;
+  std::size_t drawn_through = 0;
+};
+
 /// How the lines of an entity are drawn.
 struct Look {
   Ink ink = {};
   double width = 1;                      // of lines, in picture units
   const DashPattern* pattern = nullptr;  // in drawing units; none: drawn through
   double pattern_scale = 1;
+  DashBudget* dashes = nullptr;  // none: a line of its own
 };
 
 /// Draws what is given in the coordinates of a drawing: maps it to the picture, leaves out what is

@@ -13,7 +13,8 @@ double period(const DashPattern& pattern) {
 Dashes::Dashes(const DashPattern& pattern, double scale, double length)
     : pattern_(pattern), scale_(scale), length_(length), period_(period(pattern) * scale) {
   turns_ = std::floor(length / period_);
-  through_ = pattern.empty() || !(turns_ >= 1) || !std::isfinite(turns_);
+  constexpr double most_turns = 1e15;  // a double cannot count far beyond
+  through_ = pattern.empty() || !(turns_ >= 1) || !(turns_ <= most_turns);
   if (through_) return;
   // The line begins in the first dash, so far from that dash's end, and ends as far within it.
   const double dash = std::abs(pattern[0]) * scale;

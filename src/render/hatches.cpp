@@ -89,6 +89,8 @@ bool HatchDrawer::draw_lines(const Hatch& hatch, const Canvas& plane, const Look
   try {
     lines = hatch_lines(hatch, std::min(most_lines_of_one, lines_left_));
   } catch (const drawing::Error&) {
+    // What was tried in vain is work too, which many such hatches would add up to.
+    lines_left_ -= std::min(lines_left_, most_lines_of_one / 20);
     ++too_dense_;
     return false;
   }

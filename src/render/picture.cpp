@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <span>
 
 namespace velmar::render {
 
@@ -43,12 +44,17 @@ class CairoPainter final : public Painter {
     cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
   }
 
+  /// A long line in pieces, whose round ends join them: all crossings of a line with itself are
+  /// looked for at once, of which a hostile one has more than can be waited for.
   void stroke(const Chain& chain, const Ink& ink, double width) override {
+    constexpr std::size_t longest = 1000;
     use(ink);
     cairo_set_line_width(context_, width);
-    trace(chain);
-    if (chain.size() == 1) cairo_line_to(context_, chain[0].x, chain[0].y);
-    cairo_stroke(context_);
+    for (std::size_t from = 0; from == 0 || from + 1 < chain.size(); from += longest) {
+      trace(std::span(chain).subspan(from, std::min(longest + 1, chain.size() - from)));
+      if (chain.size() == 1) cairo_line_to(context_, chain[0].x, chain[0].y);
+      cairo_stroke(context_);
+    }
   }
   void fill(const std::vector<Chain>& areas, const Ink& ink, Rule rule) override {
     use(ink);
@@ -69,7 +75,7 @@ class CairoPainter final : public Painter {
     cairo_set_source_rgba(context_, ink.color.red / 255.0, ink.color.green / 255.0,
                           ink.color.blue / 255.0, ink.opacity);
   }
-  void trace(const Chain& chain) {
+  void trace(std::span<const Point> chain) {
     bool first = true;
     for (const Point& p : chain) {
       (first ? cairo_move_to : cairo_line_to)(context_, p.x, p.y);

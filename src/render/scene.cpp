@@ -87,12 +87,14 @@ bool Scene::takes_mark(RecordId id, Place& place) {
 void Scene::draw_entity(RecordId id, Place place) {
   const drawing::Record& record = drawing_.record(id);
   if (is_hidden(record, place.outer, place.frozen) || !takes_mark(id, place)) return;
+  const std::size_t depth = within_.size();
   try {
     if (record.kind == Kind::viewport) return draw_viewport(id, place);
     const drawing::Entity entity = drawing_.read(id);
     if (entity.common.invisible != 0) return;
     draw_known(id, entity, place, settings_.of(record, entity.common, place.outer));
   } catch (const drawing::Error& error) {
+    within_.resize(depth);
     constexpr std::size_t most_told = 20;
     if (failures_.size() < most_told) failures_.push_back(error.what());
   }
@@ -204,6 +206,10 @@ std::vector<std::string> Scene::warnings() const {
   if (hatches_.too_dense() > 0) {
     lines.push_back(std::to_string(hatches_.too_dense()) +
                     " hatches drawn as an even tint: their patterns have too many lines");
+  }
+  if (settings_.drawn_through() > 0) {
+    lines.push_back(std::to_string(settings_.drawn_through()) +
+                    " lines drawn through: their linetypes have too many dashes");
   }
   if (too_many_) {
     lines.push_back("not all is drawn: the blocks come to more than " +

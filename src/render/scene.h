@@ -74,6 +74,7 @@ class Scene {
                  const std::vector<drawing::LayerId>* frozen) const;
   bool is_seen(drawing::RecordId id) const;
   bool takes_mark(drawing::RecordId id, Place& place);
+  bool may_enter(drawing::SpaceId block, const Place& place);
 
   const drawing::Drawing& drawing_;
   Settings settings_;
@@ -83,6 +84,7 @@ class Scene {
   HatchDrawer hatches_;
   PointStyle points_;
   bool patterns_on_paper_ = true;
+  std::vector<drawing::SpaceId> within_;  // blocks that are being drawn, each in the one before
   std::size_t most_visits_, visits_ = 0;
   bool too_many_ = false, too_deep_ = false;
   std::map<std::string, std::size_t> not_drawn_;  // by kind

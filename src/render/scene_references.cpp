@@ -18,14 +18,20 @@ using drawing::SpaceId;
 void Scene::draw_reference(const drawing::Insert& insert, const Place& place,
                            const Setting& setting) {
   const auto block = shown_block(drawing_, insert.block);
-  if (!block) return;
-  if (place.depth >= deepest_nesting) {
-    too_deep_ = true;
-    return;
-  }
+  if (!block || !may_enter(*block, place)) return;
   const drawing::Box box = sizes_.reference_box(insert);
   const Window seen = window_of(place.canvas.mapped(corners(box)));
-  if (box.empty() || place.canvas.shows(seen)) draw_cells(insert, *block, place, setting);
+  if (!box.empty() && !place.canvas.shows(seen)) return;
+  within_.push_back(*block);
+  draw_cells(insert, *block, place, setting);
+  within_.pop_back();
+}
+
+/// A block within itself would be drawn without end.
+bool Scene::may_enter(SpaceId block, const Place& place) {
+  const bool enters = place.depth < deepest_nesting && std::ranges::count(within_, block) == 0;
+  too_deep_ = too_deep_ || !enters;
+  return enters;
 }
 
 /// In each cell of an array, though the file gives them for the first one alone.
@@ -45,7 +51,7 @@ void Scene::draw_attributes(RecordId id, const drawing::Insert& insert, const Pl
 void Scene::draw_cells(const drawing::Insert& insert, SpaceId block, const Place& place,
                        const Setting& setting) {
   const drawing::Space& space = drawing_.spaces()[index(block)];
-  const std::vector<RecordId> content = draw_order(drawing_, block);
+  std::optional<std::vector<RecordId>> content;  // only where a cell is large enough to see
   const bool bounded = !sizes_.block_box(block).empty();
   const std::vector<Point> box = corners(sizes_.block_box(block));
   for (int row = 0; row < std::max(insert.rows, 1); ++row) {
@@ -61,7 +67,8 @@ void Scene::draw_cells(const drawing::Insert& insert, SpaceId block, const Place
         place.canvas.line({placement(insert, space.base, column, row)(space.base)},
                           settings_.look(setting, 1));
       } else {
-        draw_entities(content, inner);
+        if (!content) content = draw_order(drawing_, block);
+        draw_entities(*content, inner);
       }
     }
   }
@@ -72,12 +79,11 @@ void Scene::draw_dimension(RecordId id, const drawing::Dimension& dimension, con
   const Point offset = drawing::ocs_to_world(dimension.normal).direction(dimension.block_offset);
   Place inner = place.within(drawing::translation(offset), setting);
   inner.points = PointStyle{};  // dots, whatever the drawing says of points
-  if (place.depth >= deepest_nesting) {
-    too_deep_ = true;
-    return;
-  }
   if (const auto block = shown_block(drawing_, dimension.block)) {
-    return draw_entities(drawing_.entities(*block), inner);
+    if (!may_enter(*block, place)) return;
+    within_.push_back(*block);
+    draw_entities(drawing_.entities(*block), inner);
+    return within_.pop_back();
   }
   const drawing::Record record = drawing_.record(id);
   for (const drawing::Entity& part : drawing::drawn_content(drawing_, id)) {

@@ -121,6 +121,7 @@ Look Settings::look(const Setting& setting, double pattern_scale) const {
   }
   look.pattern = setting.pattern;
   look.pattern_scale = setting.pattern_scale * pattern_scale;
+  look.dashes = &dashes_;
   return look;
 }
 

@@ -57,6 +57,8 @@ class Settings {
   Color background() const { return paper_color(options_.background); }
   void tint(std::optional<Color> color) { options_.tint = color; }
   bool is_tinted() const { return options_.tint.has_value(); }
+  /// Lines without the dashes of their linetype, for their number.
+  std::size_t drawn_through() const { return dashes_.drawn_through; }
 
  private:
   struct LayerSetting {
@@ -75,6 +77,7 @@ class Settings {
   std::map<std::string, DashPattern> patterns_;  // by folded name
   std::vector<LayerSetting> layers_;
   LayerSetting no_layer_;
+  mutable DashBudget dashes_;  // spent by the looks
 };
 
 }  // namespace velmar::render

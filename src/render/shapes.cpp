@@ -37,11 +37,8 @@ struct Shape {
           arc.thickness, arc.normal);
   }
   void operator()(const drawing::Ellipse& ellipse) const {
-    double sweep = ellipse.end_parameter - ellipse.start_parameter;
-    if (is_closed(ellipse)) sweep = drawing::full_turn;
-    if (sweep <= 0) sweep += drawing::full_turn;
     canvas.curve(chain_of({ellipse.center, ellipse.major_axis, minor_axis(ellipse),
-                           ellipse.start_parameter, sweep},
+                           ellipse.start_parameter, sweep(ellipse)},
                           canvas),
                  look);
   }

@@ -25,7 +25,7 @@ chmod +x "$folder/velmar"
 # paths, the system's words for a failure), and most of the many drawings.
 cases='Program/Case.*:Corpus/*1_polylines*:Corpus/*text_negative*:Corpus/*point*:Corpus/*AC1032*:Corpus/*recover01*'
 not_here='*/file_shrinks_while_read:*/output_that_fails:*/arguments:*/batch:*/batch_refused:*/doctor:*/script:*/undo'
-not_here+=':*/folder_commands'
+not_here+=':*/folder_commands:*/hostile_names'
 not_here+=':*/render:*/diff_picture'  # made with cairo, which is not there
 VELMAR_PROGRAM_FOLDER=$folder "$tests" --gtest_brief=1 --gtest_filter="$cases:-$not_here"
 

@@ -109,6 +109,14 @@ TEST(BadInput, MissingEndsAreTold) {
   EXPECT_EQ(Drawing::read(no_endsec.bytes(), "again").entity_count(SpaceId::model), 3u);
 }
 
+TEST(BadInput, AnEntityThatNamesNoLayerIsOnLayer0) {
+  const Drawing drawing = Drawing::read(
+      dxf("0 SECTION 2 TABLES 0 TABLE 2 LAYER 70 1 0 LAYER 2 Walls 70 0 62 1 6 CONTINUOUS 0 ENDTAB "
+          "0 ENDSEC 0 SECTION 2 ENTITIES 0 LINE 10 0 20 0 11 1 21 1 0 ENDSEC 0 EOF"),
+      "bad.dxf");
+  EXPECT_EQ(drawing.read(drawing.entities(SpaceId::model).at(0)).common.layer, "0");
+}
+
 TEST(BadInput, HandlesThatAreMissingZeroOrTwiceAreGivenWithoutTouchingTheFile) {
   const std::string twice = replaced(circle, "3F", "2F"), none = replaced(circle, "5 3F ", ""),
                     zero = replaced(circle, "5 3F ", "5 0 ");

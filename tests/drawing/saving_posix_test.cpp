@@ -26,6 +26,18 @@ TEST_F(Saving, LeavesTheOldFileWholeWhenTheDiskIsFull) {
   EXPECT_TRUE(drawing.is_changed());
 }
 
+TEST_F(Saving, IsRefusedWhereAnotherProgramWroteIntoTheFileInPlace) {
+  Drawing drawing = Drawing::open(path_);
+  change(drawing, "two");
+  const std::string theirs(get(path_).size(), 'x');
+  put(path_, theirs);
+  fs::last_write_time(path_, fs::last_write_time(path_) + std::chrono::seconds(2));
+  EXPECT_THROW(drawing.save(path_), Error);
+  EXPECT_THROW(drawing.save(folder_ / "other.dxf"), Error) << "of bytes that were not read";
+  EXPECT_EQ(get(path_), theirs);
+  EXPECT_EQ(files(), 1u);
+}
+
 TEST_F(Saving, FollowsALink) {
   fs::create_symlink(path_, folder_ / "link.dxf");
   Drawing drawing = Drawing::open(folder_ / "link.dxf");

@@ -1,5 +1,6 @@
 #include "drawing/dxf/tag.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -108,14 +109,14 @@ bool take_unicode_escape(std::string_view& text, std::string& out) {
 
 /// `\M+nXXXX`: a double-byte character of the n-th east Asian code page.
 bool take_multibyte_escape(std::string_view& text, std::string& out) {
-  constexpr std::array<std::string_view, 5> pages{"ansi_932", "ansi_950", "ansi_949", "johab",
-                                                  "ansi_936"};
+  thread_local const std::array pages{CodePage::named("ansi_932"), CodePage::named("ansi_950"),
+                                      CodePage::named("ansi_949"), CodePage::named("johab"),
+                                      CodePage::named("ansi_936")};
   if (!text.starts_with("\\M+") || text.size() < 8 || text[3] < '1' || text[3] > '5') return false;
   const auto code = hexadecimal(text.substr(4), 4);
   if (!code) return false;
   const std::array<char, 2> bytes{static_cast<char>(*code >> 8), static_cast<char>(*code & 0xFF)};
-  out += CodePage::named(pages[static_cast<std::size_t>(text[3] - '1')])
-             .to_utf8({bytes.data(), bytes.size()});
+  out += pages[static_cast<std::size_t>(text[3] - '1')].to_utf8({bytes.data(), bytes.size()});
   text.remove_prefix(8);
   return true;
 }
@@ -137,7 +138,11 @@ bool take_caret(std::string_view& text, std::string& out) {
 std::string unescaped(std::string_view text, bool carets, bool characters) {
   std::string out;
   out.reserve(text.size());
-  while (!text.empty()) {
+  while (true) {
+    const std::size_t plain = std::min(text.find_first_of("\\^"), text.size());
+    out += text.substr(0, plain);
+    text.remove_prefix(plain);
+    if (text.empty()) break;
     const char c = text.front();
     if (characters && c == '\\' &&
         (take_unicode_escape(text, out) || take_multibyte_escape(text, out))) {

@@ -36,8 +36,8 @@ class ViewCache {
     std::uint64_t head = 0, tail = 0;
   };
   struct Slot {
-    Key key;
-    std::string_view text;  // empty: free
+    Key key{0, 1};  // free: that of no text
+    std::string_view text;
     Meaning meaning{};
   };
   static constexpr int slot_bits = 7;

@@ -14,11 +14,6 @@ namespace {
 /// Files give parameters with few digits: a gap below this is none.
 constexpr double parameter_tolerance = 1e-8;
 
-double sweep(const Ellipse& ellipse) {
-  const double way = sweep_between(ellipse.start_parameter, ellipse.end_parameter);
-  return way < parameter_tolerance || way > full_turn - parameter_tolerance ? full_turn : way;
-}
-
 Conic conic(const Ellipse& ellipse) {
   return {ellipse.center, ellipse.major_axis, minor_axis(ellipse), ellipse.start_parameter,
           sweep(ellipse)};
@@ -30,6 +25,11 @@ double beside(double near, double angle) {
 }
 
 }  // namespace
+
+double sweep(const Ellipse& ellipse) {
+  const double way = sweep_between(ellipse.start_parameter, ellipse.end_parameter);
+  return way < parameter_tolerance || way > full_turn - parameter_tolerance ? full_turn : way;
+}
 
 Point minor_axis(const Ellipse& ellipse) {
   return cross(unit_normal(ellipse.normal), ellipse.major_axis) * ellipse.ratio;
@@ -50,7 +50,9 @@ bool is_closed(const Ellipse& ellipse) { return sweep(ellipse) == full_turn; }
 double length(const Ellipse& ellipse) {
   const double a = norm(ellipse.major_axis), b = a * ellipse.ratio;
   const auto speed = [&](double t) { return std::hypot(a * std::sin(t), b * std::cos(t)); };
-  return integral(speed, ellipse.start_parameter, ellipse.start_parameter + sweep(ellipse));
+  const double start = wrapped(ellipse.start_parameter);
+  Halvings halvings;
+  return integral(speed, start, start + sweep(ellipse), halvings);
 }
 
 double area(const Ellipse& ellipse) {

@@ -37,6 +37,8 @@ Point point_at(const Ellipse& ellipse, double parameter);
 double angle_of_parameter(const Ellipse& ellipse, double parameter);
 double parameter_of_angle(const Ellipse& ellipse, double angle);
 bool is_closed(const Ellipse& ellipse);
+/// How far the parameter goes, in (0, 2 pi], whatever turns the file counts.
+double sweep(const Ellipse& ellipse);
 double length(const Ellipse& ellipse);
 /// Of a part: between the curve and its chord.
 double area(const Ellipse& ellipse);

@@ -101,7 +101,8 @@ double length(const RegionEdge& edge) {
   const auto speed = [&](double t) {
     return norm(conic.sine * std::cos(t) - conic.cosine * std::sin(t));
   };
-  return integral(speed, conic.start, conic.start + conic.sweep);
+  Halvings halvings;
+  return integral(speed, conic.start, conic.start + conic.sweep, halvings);
 }
 
 /// Each face's loops, which run around what is inside and against it around what is not.

@@ -120,12 +120,14 @@ std::vector<double> span_ends(const Nurbs& curve) {
 }
 
 double length(const Nurbs& curve) {
-  constexpr int deepest = 10;
+  constexpr int for_a_span = 16;
   const auto speed = [&](double t) { return norm(evaluate(curve, t).derivative); };
   const std::vector<double> ends = span_ends(curve);
+  Halvings halvings{.depth = 10, .left = 1024};
+  halvings.left += for_a_span * static_cast<int>(ends.size());
   double sum = 0;
   for (std::size_t i = 1; i < ends.size(); ++i) {
-    sum += integral(speed, ends[i - 1], ends[i], deepest);
+    sum += integral(speed, ends[i - 1], ends[i], halvings);
   }
   return sum;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 namespace velmar::drawing {
@@ -19,15 +20,29 @@ Value quadrature(const Function& f, double from, double to) {
   return sum * half;
 }
 
-/// Halves the way until halving changes nothing; `depth` bounds the work for values that are no
-/// numbers.
+/// How often an integral, or several, may halve the way yet: where values are mere rounding,
+/// halving would change them without end.
+struct Halvings {
+  int depth = 40;
+  int left = 16384;
+  double largest = 0;  // of the parts so far: beside it, what is far smaller does not count
+};
+
+/// Halves the way until halving changes nothing.
 template <class Function>
-double integral(const Function& f, double from, double to, int depth = 40) {
+double integral(const Function& f, double from, double to, Halvings& halvings) {
   const double middle = (from + to) / 2;
   const double whole = quadrature<double>(f, from, to);
   const double halves = quadrature<double>(f, from, middle) + quadrature<double>(f, middle, to);
-  if (depth == 0 || !(std::abs(halves - whole) > 1e-14 * std::abs(halves))) return halves;
-  return integral(f, from, middle, depth - 1) + integral(f, middle, to, depth - 1);
+  halvings.largest = std::max(halvings.largest, std::abs(halves));
+  const double change = std::abs(halves - whole);
+  const bool settled = !(change > 1e-14 * std::abs(halves) && change > 1e-17 * halvings.largest);
+  if (settled || halvings.depth == 0 || halvings.left == 0) return halves;
+  --halvings.depth;
+  --halvings.left;
+  const double sum = integral(f, from, middle, halvings) + integral(f, middle, to, halvings);
+  ++halvings.depth;
+  return sum;
 }
 
 }  // namespace velmar::drawing
