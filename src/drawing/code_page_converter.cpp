@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <mutex>
 
 namespace velmar::drawing {
 namespace {
@@ -20,6 +21,7 @@ class Iconv {
   bool valid() const { return reinterpret_cast<std::intptr_t>(converter_) != -1; }
 
   bool convert(std::string_view& input, std::string& output) const {
+    const std::lock_guard lock(mutex_);
     ::iconv(converter_, nullptr, nullptr, nullptr, nullptr);
     while (!input.empty()) {
       std::array<char, 512> buffer{};
@@ -37,6 +39,7 @@ class Iconv {
   }
 
  private:
+  mutable std::mutex mutex_;
   iconv_t converter_;
 };
 

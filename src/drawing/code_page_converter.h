@@ -6,7 +6,8 @@
 
 namespace velmar::drawing {
 
-/// Texts between a code page and UTF-8, with the means of the operating system.
+/// Texts between a code page and UTF-8, with the means of the operating system. Several threads may
+/// use one.
 class CodePageConverter {
  public:
   virtual ~CodePageConverter() = default;

@@ -30,7 +30,7 @@ std::size_t DrawnCount::of_block(SpaceId block, int depth) {
     count += of_entity(id, depth);
     if (count > bounds_.enough) break;
   }
-  return counted_[block] = std::min(count, bounds_.enough + 1);
+  return known->second = std::min(count, bounds_.enough + 1);
 }
 
 }  // namespace velmar::drawing

@@ -193,9 +193,8 @@ UndoOutcome undo(const SaveEntry& entry) {
   const Source now = Source::map(entry.file);
   const ContentMark mark = mark_of({now.bytes()});
   if (entry.before == mark) return UndoOutcome::was_as_before;
-  if (mark != entry.after) {
-    throw Error(name + ": has changed since the journal was written; nothing was undone");
-  }
+  const Error changed(name + ": has changed since the journal was written; nothing was undone");
+  if (mark != entry.after) throw changed;
   if (!entry.before) {
     fs::remove(entry.file);
     return UndoOutcome::removed;
@@ -204,7 +203,8 @@ UndoOutcome undo(const SaveEntry& entry) {
   if (mark_of(pieces) != *entry.before) {
     throw Error(name + ": the journal does not give back what it promises; nothing was undone");
   }
-  FileWriter file(entry.file);
+  FileWriter file(entry.file);  // from here on no other program of ours replaces it
+  if (stamp_of(entry.file) != now.stamp()) throw changed;
   file.write(pieces);
   file.finish();
   return UndoOutcome::restored;

@@ -25,8 +25,8 @@ FileStamp stamp_from(const struct stat& status) {
 /// An open file, mapped as a whole.
 class MappedFile {
  public:
+  /// Opens without blocking, so that a pipe is refused by its kind instead of waited for.
   explicit MappedFile(const std::filesystem::path& path)
-      // Not blocking, so that a pipe is refused below instead of waited for.
       : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
     if (descriptor_ < 0) refuse(path, std::string("cannot be read: ") + std::strerror(errno));
   }

@@ -113,6 +113,9 @@ constexpr std::array rows{
                    [](const EntityObject& e) -> Value { return common(e).invisible == 0; },
                    put_visible},
     EntityProperty{Member::PlotStyleName, [](const EntityObject&) -> Value { return "ByLayer"; }},
+    EntityProperty{
+        Member::Handle,
+        [](const EntityObject& e) -> Value { return drawing::handle_text(e.record().handle); }},
     EntityProperty{Member::ObjectName,
                    [](const EntityObject& e) -> Value { return e.drawing().object_name(e.id()); }},
     EntityProperty{Member::EntityName,

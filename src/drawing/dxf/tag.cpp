@@ -109,12 +109,12 @@ bool take_unicode_escape(std::string_view& text, std::string& out) {
 
 /// `\M+nXXXX`: a double-byte character of the n-th east Asian code page.
 bool take_multibyte_escape(std::string_view& text, std::string& out) {
-  thread_local const std::array pages{CodePage::named("ansi_932"), CodePage::named("ansi_950"),
-                                      CodePage::named("ansi_949"), CodePage::named("johab"),
-                                      CodePage::named("ansi_936")};
   if (!text.starts_with("\\M+") || text.size() < 8 || text[3] < '1' || text[3] > '5') return false;
   const auto code = hexadecimal(text.substr(4), 4);
   if (!code) return false;
+  static const std::array pages{CodePage::named("ansi_932"), CodePage::named("ansi_950"),
+                                CodePage::named("ansi_949"), CodePage::named("johab"),
+                                CodePage::named("ansi_936")};
   const std::array<char, 2> bytes{static_cast<char>(*code >> 8), static_cast<char>(*code & 0xFF)};
   out += pages[static_cast<std::size_t>(text[3] - '1')].to_utf8({bytes.data(), bytes.size()});
   text.remove_prefix(8);
