@@ -9,9 +9,9 @@
 namespace velmar::basic {
 namespace {
 
-constexpr std::string_view blanks = "\t\n\v\f\r ";
+constexpr std::string_view blank_characters = "\t\n\v\f\r ";
 
-bool is_blank(char c) { return blanks.find(c) != std::string_view::npos; }
+bool is_blank(char c) { return blank_characters.find(c) != std::string_view::npos; }
 
 /// A number without its blanks and its sign.
 struct Bare {
@@ -78,7 +78,7 @@ double decimal_number(std::string_view text, Separators separators) {
 }
 
 double radix_number(std::string_view text) {
-  if (text.find_first_of(blanks) != std::string_view::npos) throw Failure(type_mismatch);
+  if (text.find_first_of(blank_characters) != std::string_view::npos) throw Failure(type_mismatch);
   const RadixNumber number = read_radix(text);
   if (!number.has_digits || !number.rest.empty()) throw Failure(type_mismatch);
   return number.value;

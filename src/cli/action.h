@@ -1,6 +1,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -20,6 +22,9 @@ enum class ExitCode {
 
 /// The work that the command line asks for.
 using Action = std::function<ExitCode()>;
+
+/// Finds out what to do; help and version are answered here. Wrong usage fails with UsageError.
+Action read_command_line(const std::vector<std::string>& words);
 
 // Each adds its subcommand to the program; when the user gives it, `action` becomes its work.
 void add_call(CLI::App& program, Action& action);

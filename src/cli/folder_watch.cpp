@@ -1,12 +1,11 @@
 #include "cli/folder_watch.h"
 
 #include <algorithm>
-#include <atomic>
-#include <csignal>
 #include <random>
 
 #include "basic/strings.h"
 #include "cli/drawing_files.h"
+#include "cli/interrupt.h"
 #include "cli/printable.h"
 #include "drawing/error.h"
 #include "drawing/journal.h"
@@ -16,13 +15,6 @@ namespace velmar::cli {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::atomic<bool> interrupted = false;
-/// A second Ctrl-C ends the program at once.
-extern "C" void note_interruption(int) {
-  interrupted = true;
-  std::signal(SIGINT, SIG_DFL);
-}
 
 fs::path own_journal() {
   return fs::temp_directory_path() /
@@ -47,13 +39,13 @@ FolderWatch::FolderWatch(Run& run, const std::string& journal)
 
 FolderWatch::~FolderWatch() {
   run_.watch({});
-  if (opened_ > 0) std::signal(SIGINT, SIG_DFL);
+  if (opened_ > 0) end_on_interrupt();
   std::error_code ignored;
   if (is_own_) fs::remove(journal_, ignored);
 }
 
 void FolderWatch::check() const {
-  if (interrupted) throw Cancelled();
+  if (was_interrupted()) throw Cancelled();
 }
 
 void FolderWatch::listed(const std::vector<std::string>& files) {
@@ -63,7 +55,7 @@ void FolderWatch::listed(const std::vector<std::string>& files) {
 
 void FolderWatch::opening() {
   if (opened_ == 0) {
-    std::signal(SIGINT, note_interruption);
+    note_first_interrupt();
     run_.keep_journal(journal_);
   }
   check();

@@ -17,6 +17,11 @@ extern "C" void note_interrupt(int) {
   std::signal(SIGINT, note_interrupt);  // some systems forget it when it is called
 }
 
+extern "C" void note_first(int) {
+  interrupted = true;
+  std::signal(SIGINT, SIG_DFL);
+}
+
 class Interrupts : public host::Watch {
  public:
   void before(Step) override {
@@ -28,6 +33,8 @@ class Interrupts : public host::Watch {
 }  // namespace
 
 void note_interrupts() { std::signal(SIGINT, note_interrupt); }
+void note_first_interrupt() { std::signal(SIGINT, note_first); }
+void end_on_interrupt() { std::signal(SIGINT, SIG_DFL); }
 
 bool was_interrupted() { return interrupted; }
 

@@ -11,6 +11,9 @@ namespace velmar::cli {
 
 /// From now on Ctrl-C is noted and does nothing else.
 void note_interrupts();
+/// From now on Ctrl-C is noted once; the next one ends the program.
+void note_first_interrupt();
+void end_on_interrupt();
 bool was_interrupted();
 void forget_interrupt();
 /// For who waits for it in another thread.

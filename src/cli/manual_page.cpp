@@ -45,7 +45,7 @@ std::string command_text(const CommandPage& page) {
   return text + verbatim(page.footer);
 }
 
-std::string methods_text() {
+std::string methods_section() {
   std::string text =
       ".SH METHODS\nThe methods in their published order, with their parameters; brackets are "
       "around those that may be left out.\n";
@@ -72,7 +72,7 @@ std::string manual_page(const std::vector<CommandPage>& pages) {
   for (const CommandOption& option : program.options) text += option_text(option);
   text += ".SH COMMANDS\n";
   for (std::size_t i = 1; i < pages.size(); ++i) text += command_text(pages[i]);
-  return text + methods_text() + ".SH EXIT STATUS\n" + verbatim(program.footer);
+  return text + methods_section() + ".SH EXIT STATUS\n" + verbatim(program.footer);
 }
 
 }  // namespace velmar::cli

@@ -10,7 +10,7 @@
 namespace velmar::cli {
 namespace {
 
-constexpr std::string_view escape = "^C";
+constexpr std::string_view cancel_mark = "^C";
 
 bool is_comment(const std::string& line) {
   const std::size_t first = line.find_first_not_of(" \t");
@@ -64,14 +64,14 @@ std::optional<std::string> ScriptLines::answer(const std::string&,
                                                const std::vector<std::string>&) {
   std::optional<std::string> line = next();
   why_cancelled_ = line ? "" : "the script has no more lines";
-  if (line == escape) line.reset();
+  if (line == cancel_mark) line.reset();
   return line;
 }
 
 std::string ScriptLines::where() const { return name_ + ", line " + std::to_string(command_); }
 
 std::string script_line(const std::optional<std::string>& answer) {
-  if (!answer) return std::string(escape);
+  if (!answer) return std::string(cancel_mark);
   const bool reads_otherwise = is_comment(*answer) || is_escaped_comment(*answer);
   return (reads_otherwise ? "\\" : "") + *answer;
 }

@@ -13,7 +13,7 @@ struct KindRow {
 };
 
 // In the order of the enumeration.
-constexpr std::array<KindRow, static_cast<std::size_t>(Kind::others)> rows{{
+constexpr std::array<KindRow, static_cast<std::size_t>(Kind::others)> kind_rows{{
     {Kind::section, "SECTION"},
     {Kind::endsec, "ENDSEC"},
     {Kind::table, "TABLE"},
@@ -82,8 +82,8 @@ constexpr std::array<KindRow, static_cast<std::size_t>(Kind::others)> rows{{
 }};
 
 constexpr bool in_order() {
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (static_cast<std::size_t>(rows[i].kind) != i) return false;
+  for (std::size_t i = 0; i < kind_rows.size(); ++i) {
+    if (static_cast<std::size_t>(kind_rows[i].kind) != i) return false;
   }
   return true;
 }
@@ -91,10 +91,11 @@ static_assert(in_order());
 
 }  // namespace
 
-std::string_view kind_name(Kind kind) { return rows.at(static_cast<std::size_t>(kind)).name; }
+std::string_view kind_name(Kind kind) { return kind_rows.at(static_cast<std::size_t>(kind)).name; }
 
 std::string_view class_name(Kind kind) {
-  return kind < Kind::others ? rows[static_cast<std::size_t>(kind)].class_name : std::string_view();
+  return kind < Kind::others ? kind_rows[static_cast<std::size_t>(kind)].class_name
+                             : std::string_view();
 }
 
 }  // namespace velmar::drawing

@@ -13,43 +13,43 @@ Body make() {
   return Shape{};
 }
 
-struct Row {
+struct BodyRow {
   Kind kind;
   Make make_body;
 };
 
 /// One row for each kind with fields.
-constexpr std::array rows{
-    Row{Kind::line, make<Line>},
-    Row{Kind::arc, make<Arc>},
-    Row{Kind::circle, make<Circle>},
-    Row{Kind::ellipse, make<Ellipse>},
-    Row{Kind::lwpolyline, make<LwPolyline>},
-    Row{Kind::polyline, make<Polyline>},
-    Row{Kind::text, make<Text>},
-    Row{Kind::attrib, make<Attrib>},
-    Row{Kind::attdef, make<Attdef>},
-    Row{Kind::insert, make<Insert>},
-    Row{Kind::point, make<PointMark>},
-    Row{Kind::mtext, make<MText>},
-    Row{Kind::tolerance, make<Tolerance>},
-    Row{Kind::hatch, make<Hatch>},
-    Row{Kind::solid, make<Solid>},
-    Row{Kind::trace, make<Trace>},
-    Row{Kind::face3d, make<Face>},
-    Row{Kind::spline, make<Spline>},
-    Row{Kind::leader, make<Leader>},
-    Row{Kind::ray, make<Ray>},
-    Row{Kind::xline, make<Xline>},
-    Row{Kind::ole2frame, make<OleFrame>},
-    Row{Kind::dimension, make<Dimension>},
-    Row{Kind::region, make<Region>},
+constexpr std::array body_rows{
+    BodyRow{Kind::line, make<Line>},
+    BodyRow{Kind::arc, make<Arc>},
+    BodyRow{Kind::circle, make<Circle>},
+    BodyRow{Kind::ellipse, make<Ellipse>},
+    BodyRow{Kind::lwpolyline, make<LwPolyline>},
+    BodyRow{Kind::polyline, make<Polyline>},
+    BodyRow{Kind::text, make<Text>},
+    BodyRow{Kind::attrib, make<Attrib>},
+    BodyRow{Kind::attdef, make<Attdef>},
+    BodyRow{Kind::insert, make<Insert>},
+    BodyRow{Kind::point, make<PointMark>},
+    BodyRow{Kind::mtext, make<MText>},
+    BodyRow{Kind::tolerance, make<Tolerance>},
+    BodyRow{Kind::hatch, make<Hatch>},
+    BodyRow{Kind::solid, make<Solid>},
+    BodyRow{Kind::trace, make<Trace>},
+    BodyRow{Kind::face3d, make<Face>},
+    BodyRow{Kind::spline, make<Spline>},
+    BodyRow{Kind::leader, make<Leader>},
+    BodyRow{Kind::ray, make<Ray>},
+    BodyRow{Kind::xline, make<Xline>},
+    BodyRow{Kind::ole2frame, make<OleFrame>},
+    BodyRow{Kind::dimension, make<Dimension>},
+    BodyRow{Kind::region, make<Region>},
 };
-static_assert(rows.size() + 1 == std::variant_size_v<Body>, "all but Opaque");
+static_assert(body_rows.size() + 1 == std::variant_size_v<Body>, "all but Opaque");
 
 constexpr auto makers = [] {
   std::array<Make, static_cast<std::size_t>(Kind::others)> by_kind{};
-  for (const Row& row : rows) by_kind[static_cast<std::size_t>(row.kind)] = row.make_body;
+  for (const BodyRow& row : body_rows) by_kind[static_cast<std::size_t>(row.kind)] = row.make_body;
   return by_kind;
 }();
 
@@ -57,7 +57,7 @@ constexpr auto makers = [] {
 const auto& record_names() {
   static const auto names = [] {
     std::array<std::string_view, std::variant_size_v<Body>> by_index{};
-    for (const Row& row : rows) by_index[row.make_body().index()] = kind_name(row.kind);
+    for (const BodyRow& row : body_rows) by_index[row.make_body().index()] = kind_name(row.kind);
     return by_index;
   }();
   return names;

@@ -15,64 +15,64 @@ constexpr std::array multiline{NameCode{2, Purgeable::multiline_style}};
 constexpr std::array dimension_style{NameCode{5, Purgeable::block}, NameCode{6, Purgeable::block},
                                      NameCode{7, Purgeable::block}};
 
-struct Row {
+struct NameRow {
   std::string_view kind;
   std::span<const NameCode> codes;
 };
 
-constexpr std::array rows{
-    Row{"TEXT", text},
-    Row{"MTEXT", text},
-    Row{"ATTRIB", text},
-    Row{"ATTDEF", text},
-    Row{"INSERT", insert},
-    Row{"DIMENSION", dimension},
-    Row{"LEADER", leader},
-    Row{"TOLERANCE", leader},
-    Row{"MLINE", multiline},
-    Row{"DIMSTYLE", dimension_style},
-    Row{"LINE", {}},
-    Row{"ARC", {}},
-    Row{"CIRCLE", {}},
-    Row{"ELLIPSE", {}},
-    Row{"LWPOLYLINE", {}},
-    Row{"POLYLINE", {}},
-    Row{"VERTEX", {}},
-    Row{"SEQEND", {}},
-    Row{"POINT", {}},
-    Row{"SOLID", {}},
-    Row{"TRACE", {}},
-    Row{"3DFACE", {}},
-    Row{"SPLINE", {}},
-    Row{"RAY", {}},
-    Row{"XLINE", {}},
-    Row{"SHAPE", {}},
-    Row{"HATCH", {}},
-    Row{"VIEWPORT", {}},
-    Row{"BLOCK", {}},
-    Row{"ENDBLK", {}},
-    Row{"LAYER", {}},
-    Row{"LTYPE", {}},
-    Row{"STYLE", {}},
-    Row{"APPID", {}},
-    Row{"VPORT", {}},
-    Row{"VIEW", {}},
-    Row{"UCS", {}},
-    Row{"BLOCK_RECORD", {}},
-    Row{"TABLE", {}},
-    Row{"DICTIONARY", {}},
-    Row{"ACDBDICTIONARYWDFLT", {}},
-    Row{"LAYOUT", {}},
-    Row{"GROUP", {}},
-    Row{"MLINESTYLE", {}},
-    Row{"CLASS", {}},
+constexpr std::array name_rows{
+    NameRow{"TEXT", text},
+    NameRow{"MTEXT", text},
+    NameRow{"ATTRIB", text},
+    NameRow{"ATTDEF", text},
+    NameRow{"INSERT", insert},
+    NameRow{"DIMENSION", dimension},
+    NameRow{"LEADER", leader},
+    NameRow{"TOLERANCE", leader},
+    NameRow{"MLINE", multiline},
+    NameRow{"DIMSTYLE", dimension_style},
+    NameRow{"LINE", {}},
+    NameRow{"ARC", {}},
+    NameRow{"CIRCLE", {}},
+    NameRow{"ELLIPSE", {}},
+    NameRow{"LWPOLYLINE", {}},
+    NameRow{"POLYLINE", {}},
+    NameRow{"VERTEX", {}},
+    NameRow{"SEQEND", {}},
+    NameRow{"POINT", {}},
+    NameRow{"SOLID", {}},
+    NameRow{"TRACE", {}},
+    NameRow{"3DFACE", {}},
+    NameRow{"SPLINE", {}},
+    NameRow{"RAY", {}},
+    NameRow{"XLINE", {}},
+    NameRow{"SHAPE", {}},
+    NameRow{"HATCH", {}},
+    NameRow{"VIEWPORT", {}},
+    NameRow{"BLOCK", {}},
+    NameRow{"ENDBLK", {}},
+    NameRow{"LAYER", {}},
+    NameRow{"LTYPE", {}},
+    NameRow{"STYLE", {}},
+    NameRow{"APPID", {}},
+    NameRow{"VPORT", {}},
+    NameRow{"VIEW", {}},
+    NameRow{"UCS", {}},
+    NameRow{"BLOCK_RECORD", {}},
+    NameRow{"TABLE", {}},
+    NameRow{"DICTIONARY", {}},
+    NameRow{"ACDBDICTIONARYWDFLT", {}},
+    NameRow{"LAYOUT", {}},
+    NameRow{"GROUP", {}},
+    NameRow{"MLINESTYLE", {}},
+    NameRow{"CLASS", {}},
 };
 
 }  // namespace
 
 std::optional<std::span<const NameCode>> name_codes(std::string_view kind_name) {
-  const auto found = std::ranges::find(rows, kind_name, &Row::kind);
-  if (found == rows.end()) return std::nullopt;
+  const auto found = std::ranges::find(name_rows, kind_name, &NameRow::kind);
+  if (found == name_rows.end()) return std::nullopt;
   return found->codes;
 }
 

@@ -177,7 +177,7 @@ Value add_dim_rotated(BlockObject& block, Arguments& arguments) {
   return add(block, dimension);
 }
 
-constexpr std::array rows{
+constexpr std::array addition_rows{
     Method<BlockObject>{Member::AddLine, Effect::changes, 2, 2, add_line},
     Method<BlockObject>{Member::AddCircle, Effect::changes, 2, 2, add_circle},
     Method<BlockObject>{Member::AddArc, Effect::changes, 4, 4, add_arc},
@@ -207,6 +207,6 @@ drawing::RecordId add_dimension(DocumentState& document, drawing::SpaceId space,
   return id;
 }
 
-std::span<const Method<BlockObject>> additions() { return rows; }
+std::span<const Method<BlockObject>> additions() { return addition_rows; }
 
 }  // namespace velmar::embedded

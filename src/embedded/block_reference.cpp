@@ -72,13 +72,13 @@ Value get_constant_attributes(EntityObject& entity, Arguments&) {
   return constants;
 }
 
-constexpr std::array property_rows{
+constexpr std::array block_reference_properties{
     EntityProperty{Member::EffectiveName, effective_name},
     EntityProperty{Member::Path, path},
     EntityProperty{Member::HasAttributes, has_attributes},
 };
 
-constexpr std::array method_rows{
+constexpr std::array block_reference_methods{
     EntityMethod{Member::GetAttributes, Effect::reads, 0, 0, get_attributes},
     EntityMethod{Member::GetConstantAttributes, Effect::reads, 0, 0, get_constant_attributes},
 };
@@ -91,7 +91,7 @@ const Space* definition(const EntityObject& entity) {
   return found ? &entity.drawing().spaces()[index(*found)] : nullptr;
 }
 
-std::span<const EntityProperty> reference_properties() { return property_rows; }
-std::span<const EntityMethod> reference_methods() { return method_rows; }
+std::span<const EntityProperty> reference_properties() { return block_reference_properties; }
+std::span<const EntityMethod> reference_methods() { return block_reference_methods; }
 
 }  // namespace velmar::embedded

@@ -86,7 +86,7 @@ Value array_rectangular(EntityObject& entity, Arguments& arguments) {
   return added;
 }
 
-constexpr std::array rows{
+constexpr std::array copy_rows{
     EntityMethod{Member::Copy, Effect::reads, 0, 0, copy_entity},
     EntityMethod{Member::Mirror, Effect::reads, 2, 2, mirror},
     EntityMethod{Member::Mirror3D, Effect::reads, 3, 3, mirror_3d},
@@ -96,6 +96,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const EntityMethod> copy_methods() { return rows; }
+std::span<const EntityMethod> copy_methods() { return copy_rows; }
 
 }  // namespace velmar::embedded

@@ -93,7 +93,7 @@ void put_normal(EntityObject& entity, const Value& value) {
   change(entity, [&](Dimension& it) { it = std::get<Dimension>(changed); });
 }
 
-constexpr std::array rows{
+constexpr std::array dimension_property_rows{
     EntityProperty{Member::Measurement,
                    [](const EntityObject& e) -> Value { return measured(e.drawing(), e.id()); }},
     EntityProperty{Member::TextPosition, get_text_position, put_text_position},
@@ -116,6 +116,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const EntityProperty> dimension_properties() { return rows; }
+std::span<const EntityProperty> dimension_properties() { return dimension_property_rows; }
 
 }  // namespace velmar::embedded

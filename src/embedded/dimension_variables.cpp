@@ -192,7 +192,7 @@ void put_arrowhead(DimVariables& v, const Value& value) {
   (second ? v.arrow2 : v.arrow1) = drawing::arrowhead(number).block;
 }
 
-constexpr std::array rows{
+constexpr std::array dimension_variable_rows{
     zero_feet<&DimVariables::zeros>(Member::SuppressZeroFeet),
     zero_inches<&DimVariables::zeros>(Member::SuppressZeroInches),
     zero_feet<&DimVariables::tolerance_zeros>(Member::ToleranceSuppressZeroFeet),
@@ -216,7 +216,8 @@ std::optional<Value> get(const DimVariables& v, Member member) {
     const std::int32_t now = v.*row->variable;
     return row->bits == 0 ? now != 0 : (now & row->bits) != 0;
   }
-  if (const auto* row = find_row(std::span<const Row>(rows), member)) return row->get(v);
+  if (const auto* row = find_row(std::span<const Row>(dimension_variable_rows), member))
+    return row->get(v);
   if (member == Member::TextStyle) return v.text_style.empty() ? "Standard" : v.text_style;
   return std::nullopt;
 }
@@ -234,7 +235,7 @@ bool put(DimVariables& v, Member member, const Value& value) {
     const bool on = basic::convert<bool>(value);
     std::int32_t& now = v.*one->variable;
     now = one->bits == 0 ? on : (on ? now | one->bits : now & ~one->bits);
-  } else if (const auto* other = find_row(std::span<const Row>(rows), member)) {
+  } else if (const auto* other = find_row(std::span<const Row>(dimension_variable_rows), member)) {
     other->put(v, value);
   } else {
     return false;

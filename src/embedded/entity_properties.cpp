@@ -94,7 +94,7 @@ RecordId owner(const EntityObject& entity) {
   return drawing.find(drawing.spaces()[index(record.space)].owner);
 }
 
-constexpr std::array rows{
+constexpr std::array entity_property_rows{
     EntityProperty{Member::Layer, get_layer, put_layer},
     EntityProperty{Member::Color, get_color, put_color},
     EntityProperty{Member::TrueColor, get_true_color, put_true_color},
@@ -136,6 +136,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const EntityProperty> entity_properties() { return rows; }
+std::span<const EntityProperty> entity_properties() { return entity_property_rows; }
 
 }  // namespace velmar::embedded

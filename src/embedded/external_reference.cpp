@@ -48,7 +48,7 @@ Value bind(BlockObject& block, Arguments&) {
   throw not_supported("Bind of an external reference");
 }
 
-constexpr std::array rows{
+constexpr std::array external_reference_rows{
     Method<BlockObject>{Member::Unload, Effect::changes, 0, 0, unload},
     Method<BlockObject>{Member::Reload, Effect::changes, 0, 0, reload},
     Method<BlockObject>{Member::Detach, Effect::changes, 0, 0, detach},
@@ -57,7 +57,9 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Method<BlockObject>> external_reference_methods() { return rows; }
+std::span<const Method<BlockObject>> external_reference_methods() {
+  return external_reference_rows;
+}
 
 fs::path require_referenced_file(const DocumentState& document, const std::string& path) {
   std::string with_slashes = path;

@@ -114,7 +114,7 @@ Value set_pattern(EntityObject& entity, Arguments& arguments) {
   return {};
 }
 
-constexpr std::array method_rows{
+constexpr std::array hatch_method_rows{
     EntityMethod{Member::AppendOuterLoop, Effect::changes, 1, 1, append_outer_loop},
     EntityMethod{Member::AppendInnerLoop, Effect::changes, 1, 1, append_inner_loop},
     EntityMethod{Member::InsertLoopAt, Effect::changes, 3, 3, insert_loop_at},
@@ -143,13 +143,13 @@ void put_associative(EntityObject& entity, const Value& value) {
   }
 }
 
-constexpr std::array property_rows{
+constexpr std::array hatch_property_rows{
     EntityProperty{Member::AssociativeHatch, get_associative, put_associative},
 };
 
 }  // namespace
 
-std::span<const EntityMethod> hatch_methods() { return method_rows; }
-std::span<const EntityProperty> hatch_properties() { return property_rows; }
+std::span<const EntityMethod> hatch_methods() { return hatch_method_rows; }
+std::span<const EntityProperty> hatch_properties() { return hatch_property_rows; }
 
 }  // namespace velmar::embedded

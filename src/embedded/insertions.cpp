@@ -108,7 +108,7 @@ Value add_attribute(BlockObject& block, Arguments& arguments) {
   return make_entity(block.document(), block.document()->drawing.add(block.id(), entity));
 }
 
-constexpr std::array rows{
+constexpr std::array insertion_rows{
     Method<BlockObject>{Member::InsertBlock, Effect::changes, 6, 7, insert_block},
     Method<BlockObject>{Member::AttachExternalReference, Effect::changes, 8, 9,
                         attach_external_reference},
@@ -117,6 +117,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Method<BlockObject>> insertions() { return rows; }
+std::span<const Method<BlockObject>> insertions() { return insertion_rows; }
 
 }  // namespace velmar::embedded

@@ -86,7 +86,7 @@ void put_lineweight(LayerObject& layer, const Value& value) {
   change(layer, [&](LayerRow& row) { row.lineweight = weight; });
 }
 
-constexpr std::array rows{
+constexpr std::array layer_object_rows{
     LayerProperty{Member::Name, [](const LayerObject& l) -> Value { return l.row().name; },
                   put_name},
     LayerProperty{Member::Color, [](const LayerObject& l) -> Value { return color(l); },
@@ -133,7 +133,7 @@ bool is_used(const drawing::Drawing& drawing, drawing::LayerId id) {
 Value LayerObject::get(Member member) {
   return translated([&]() -> Value {
     require_alive();
-    if (const auto* row = find_row(std::span<const LayerProperty>(rows), member)) {
+    if (const auto* row = find_row(std::span<const LayerProperty>(layer_object_rows), member)) {
       return row->get(*this);
     }
     if (auto found = record_member(document_, row().record, member)) return std::move(*found);
@@ -144,7 +144,7 @@ Value LayerObject::get(Member member) {
 void LayerObject::put(Member member, const Value& value) {
   translated([&] {
     require_alive();
-    const auto* row = find_row(std::span<const LayerProperty>(rows), member);
+    const auto* row = find_row(std::span<const LayerProperty>(layer_object_rows), member);
     if (!row || !row->put) throw no_such_member(member);
     row->put(*this, value);
   });

@@ -69,7 +69,7 @@ Value transform_by(EntityObject& entity, Arguments& arguments) {
   return {};
 }
 
-constexpr std::array rows{
+constexpr std::array movement_rows{
     EntityMethod{Member::Move, Effect::changes, 2, 2, move},
     EntityMethod{Member::Rotate, Effect::changes, 2, 2, rotate},
     EntityMethod{Member::Rotate3D, Effect::changes, 3, 3, rotate_3d},
@@ -113,6 +113,6 @@ Matrix mirror_plane(Point first, Point second, Point third) {
   return drawing::reflection(first, normal * (1 / norm(normal)));
 }
 
-std::span<const EntityMethod> movement_methods() { return rows; }
+std::span<const EntityMethod> movement_methods() { return movement_rows; }
 
 }  // namespace velmar::embedded

@@ -73,7 +73,7 @@ Value get_extension_dictionary(EntityObject& entity, Arguments&) {
   return extension_dictionary(entity.document(), entity.id());
 }
 
-constexpr std::array rows{
+constexpr std::array object_method_rows{
     EntityMethod{Member::GetBoundingBox, Effect::reads, 2, 2, get_bounding_box},
     EntityMethod{Member::Update, Effect::reads, 0, 0, redraw},
     EntityMethod{Member::Highlight, Effect::reads, 1, 1, redraw},
@@ -87,6 +87,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const EntityMethod> object_methods() { return rows; }
+std::span<const EntityMethod> object_methods() { return object_method_rows; }
 
 }  // namespace velmar::embedded

@@ -73,12 +73,12 @@ Value offset_entity(EntityObject& entity, Arguments& arguments) {
   return basic::List{make_entity(entity.document(), added)};
 }
 
-constexpr std::array rows{
+constexpr std::array offset_rows{
     EntityMethod{Member::Offset, Effect::reads, 1, 1, offset_entity},
 };
 
 }  // namespace
 
-std::span<const EntityMethod> offset_methods() { return rows; }
+std::span<const EntityMethod> offset_methods() { return offset_rows; }
 
 }  // namespace velmar::embedded

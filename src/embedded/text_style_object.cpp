@@ -41,7 +41,7 @@ void refuse_name(TextStyle& style, const Value& value) {
   }
 }
 
-constexpr std::array rows{
+constexpr std::array text_style_object_rows{
     StyleProperty{Member::Name, [](const TextStyle& style) -> Value { return style.name; },
                   refuse_name},
     StyleProperty{Member::FontFile, [](const TextStyle& style) -> Value { return style.font_file; },
@@ -68,7 +68,7 @@ constexpr std::array rows{
 };
 
 const StyleProperty* find(Member member) {
-  return find_row(std::span<const StyleProperty>(rows), member);
+  return find_row(std::span<const StyleProperty>(text_style_object_rows), member);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "drawing/drawing.h"
 #include "drawing/extents.h"
+#include "file_content.h"
 #include "sample_text.h"
 
 // Files that are not sound: whatever they hold, they open with the rest intact, or are refused with
@@ -15,9 +16,6 @@
 namespace velmar::drawing {
 namespace {
 
-const std::string line =
-    "0 LINE 5 2F 330 1F 100 AcDbEntity 8 Walls 100 AcDbLine 10 1.0 20 2.0 30 0.0 11 4.0 21 6.0 31 "
-    "0.0 ";
 const std::string circle =
     "0 CIRCLE 5 3F 330 1F 100 AcDbEntity 8 Walls 100 AcDbCircle 10 1.0 20 2.0 30 0.0 40 5.0 ";
 
@@ -52,8 +50,8 @@ void exercise(const std::string& bytes) {
 }
 
 TEST(BadInput, NamesTheLineAndTheHandleOfABrokenGroupCode) {
-  const std::string bytes =
-      replaced(drawing_of("AC1015", line + circle), "AcDbLine\r\n10\r\n", "AcDbLine\r\n1x0\r\n");
+  const std::string bytes = replaced(drawing_of("AC1015", walls_line + circle),
+                                     "AcDbLine\r\n10\r\n", "AcDbLine\r\n1x0\r\n");
   const Drawing drawing = Drawing::read(bytes, "bad.dxf");
   ASSERT_EQ(drawing.warnings().size(), 1u) << drawing.warnings().back().text;
   const Warning& warning = drawing.warnings().front();
@@ -70,7 +68,7 @@ TEST(BadInput, NamesTheLineAndTheHandleOfABrokenGroupCode) {
 TEST(BadInput, ALostLineSpoilsOneEntityOnly) {
   std::string entities;
   for (int i = 0; i < 20; ++i) entities += replaced(circle, "3F", "A" + std::to_string(i));
-  const std::string sound = drawing_of("AC1015", line + entities);
+  const std::string sound = drawing_of("AC1015", walls_line + entities);
   for (const std::string lost : {"4.0\r\n", "2F\r\n", "Walls\r\n", "AcDbLine\r\n", "LINE\r\n"}) {
     const std::string bytes = replaced(sound, lost == "Walls\r\n" ? "8\r\nWalls\r\n" : lost,
                                        lost == "Walls\r\n" ? "8\r\n" : "");
@@ -83,7 +81,7 @@ TEST(BadInput, ALostLineSpoilsOneEntityOnly) {
 
 TEST(BadInput, ATextWhereANumberBelongsIsToldOnUse) {
   const Drawing drawing = Drawing::read(
-      replaced(drawing_of("AC1015", line + circle), "11\r\n4.0", "11\r\nfour"), "bad.dxf");
+      replaced(drawing_of("AC1015", walls_line + circle), "11\r\n4.0", "11\r\nfour"), "bad.dxf");
   try {
     drawing.read(drawing.find(0x2F));
     FAIL() << "a number was read";
@@ -99,7 +97,7 @@ TEST(BadInput, ATextWhereANumberBelongsIsToldOnUse) {
 }
 
 TEST(BadInput, MissingEndsAreTold) {
-  const std::string sound = drawing_of("AC1015", line + circle);
+  const std::string sound = drawing_of("AC1015", walls_line + circle);
   const std::string no_eof = replaced(sound, "0\r\nEOF\r\n", "");
   EXPECT_EQ(Drawing::read(no_eof, "bad.dxf").warnings().size(), 1u);
   Drawing no_endsec =
@@ -111,7 +109,8 @@ TEST(BadInput, MissingEndsAreTold) {
 
 TEST(BadInput, AnEntityThatNamesNoLayerIsOnLayer0) {
   const Drawing drawing = Drawing::read(
-      dxf("0 SECTION 2 TABLES 0 TABLE 2 LAYER 70 1 0 LAYER 2 Walls 70 0 62 1 6 CONTINUOUS 0 ENDTAB "
+      dxf_text(
+          "0 SECTION 2 TABLES 0 TABLE 2 LAYER 70 1 0 LAYER 2 Walls 70 0 62 1 6 CONTINUOUS 0 ENDTAB "
           "0 ENDSEC 0 SECTION 2 ENTITIES 0 LINE 10 0 20 0 11 1 21 1 0 ENDSEC 0 EOF"),
       "bad.dxf");
   EXPECT_EQ(drawing.read(drawing.entities(SpaceId::model).at(0)).common.layer, "0");
@@ -120,7 +119,7 @@ TEST(BadInput, AnEntityThatNamesNoLayerIsOnLayer0) {
 TEST(BadInput, HandlesThatAreMissingZeroOrTwiceAreGivenWithoutTouchingTheFile) {
   const std::string twice = replaced(circle, "3F", "2F"), none = replaced(circle, "5 3F ", ""),
                     zero = replaced(circle, "5 3F ", "5 0 ");
-  const std::string bytes = drawing_of("AC1015", line + twice + none + zero);
+  const std::string bytes = drawing_of("AC1015", walls_line + twice + none + zero);
   Drawing drawing = Drawing::read(bytes, "bad.dxf");
   const auto entities = drawing.entities(SpaceId::model);
   ASSERT_EQ(entities.size(), 4u);
@@ -147,7 +146,7 @@ TEST(BadInput, BlocksNestedInThemselvesAreRefusedNotFollowed) {
       "30 0 "
       "0 INSERT 8 0 2 A 10 1 20 0 30 0 0 ENDBLK 8 0 0 ENDSEC "
       "0 SECTION 2 ENTITIES 0 INSERT 8 0 2 A 10 0 20 0 30 0 0 ENDSEC 0 EOF";
-  const Drawing drawing = Drawing::read(dxf(words), "bad.dxf");
+  const Drawing drawing = Drawing::read(dxf_text(words), "bad.dxf");
   EXPECT_THROW(extents(drawing, drawing.entities(SpaceId::model)[0]), Error);
 }
 
@@ -177,13 +176,6 @@ TEST(BadInput, WhatIsNoDrawingIsRefused) {
   EXPECT_THROW(Drawing::open("no/such/file.dxf"), Error);
   EXPECT_THROW(Drawing::open(std::filesystem::temp_directory_path()), Error);
   EXPECT_THROW(Drawing::open("/dev/null"), Error);
-}
-
-std::string contents(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
 }
 
 class Spoiled : public testing::TestWithParam<const char*> {};

@@ -9,6 +9,7 @@
 
 #include "drawing/drawing.h"
 #include "drawing/extents.h"
+#include "file_content.h"
 
 // Every drawing of the corpus against facts that another program found (tests/corpus/README.md).
 
@@ -20,13 +21,6 @@ using Path = std::filesystem::path;
 using Counts = std::map<std::string, int>;
 
 const Path corpus = VELMAR_CORPUS;
-
-std::string contents(const Path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
 
 struct Sample {
   Path drawing;

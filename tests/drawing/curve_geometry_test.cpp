@@ -10,7 +10,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 const double half_root = std::sqrt(0.5);
 
 TEST(LineGeometry, ThicknessIsPartOfTheBox) {

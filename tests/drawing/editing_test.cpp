@@ -8,7 +8,7 @@
 namespace velmar::drawing {
 namespace {
 
-const std::string line =
+const std::string green_line =
     "0 LINE 5 2F 330 1F 100 AcDbEntity 8 Walls 62 3 100 AcDbLine 10 1.0 20 2.00 30 0.0 11 4.0 21 "
     "6.0 31 0.0 "
     "1001 APP 1000 kept ";
@@ -39,7 +39,7 @@ std::string words_of(const Drawing& drawing, const std::string& from, const std:
 }
 
 TEST(Write, ChangesOnlyTheValuesThatDiffer) {
-  Drawing drawing = Drawing::read(drawing_of("AC1015", line), "plan.dxf");
+  Drawing drawing = Drawing::read(drawing_of("AC1015", green_line), "plan.dxf");
   Entity entity = drawing.read(drawing.find(0x2F));
   std::get<Line>(entity.body).end.x = 4.5;
   entity.common.linetype_scale = 2;
@@ -70,7 +70,7 @@ TEST(Write, MovesVerticesInPlaceAndRewritesThemWhenTheirNumberChanges) {
 }
 
 TEST(Write, AddsAndTakesAwayTheVerticesOfAnOldPolyline) {
-  Drawing drawing = Drawing::read(drawing_of("AC1015", heavy + line), "plan.dxf");
+  Drawing drawing = Drawing::read(drawing_of("AC1015", heavy + green_line), "plan.dxf");
   const RecordId id = drawing.find(0x5F);
   Entity entity = drawing.read(id);
   auto& vertices = std::get<Polyline>(entity.body).vertices;
@@ -94,7 +94,7 @@ class Versions : public testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(All, Versions, testing::Values("AC1009", "AC1015", "AC1032"));
 
 TEST_P(Versions, AddedEntitiesReadBackAsTheyWere) {
-  Drawing drawing = Drawing::read(drawing_of(GetParam(), line), "plan.dxf");
+  Drawing drawing = Drawing::read(drawing_of(GetParam(), green_line), "plan.dxf");
   Common common;
   common.layer = "Walls";
   common.color = 5;
@@ -136,8 +136,8 @@ TEST_P(Versions, AddedEntitiesReadBackAsTheyWere) {
 }
 
 TEST(Erase, TakesAPolylineWithItsVerticesAndNothingElse) {
-  Drawing drawing = Drawing::read(drawing_of("AC1015", heavy + line), "plan.dxf");
-  const std::string without = drawing_of("AC1015", line);
+  Drawing drawing = Drawing::read(drawing_of("AC1015", heavy + green_line), "plan.dxf");
+  const std::string without = drawing_of("AC1015", green_line);
   drawing.erase(drawing.find(0x5F));
   EXPECT_EQ(drawing.bytes(), without);
   EXPECT_EQ(drawing.changes().erased, std::vector<Handle>{0x5F});
@@ -148,7 +148,7 @@ TEST(Erase, TakesAPolylineWithItsVerticesAndNothingElse) {
 }
 
 TEST(Copy, HasHandlesOfItsOwnThroughout) {
-  Drawing drawing = Drawing::read(drawing_of("AC1015", heavy + line), "plan.dxf");
+  Drawing drawing = Drawing::read(drawing_of("AC1015", heavy + green_line), "plan.dxf");
   const RecordId copy = drawing.copy(drawing.find(0x5F));
   EXPECT_EQ(drawing.parts(copy).size(), 2u);
   EXPECT_EQ(drawing.whole(drawing.parts(copy)[1]), copy);
@@ -177,7 +177,7 @@ TEST(Copy, IntoAnotherSpaceBelongsThere) {
 }
 
 TEST(Layers, AreAddedToTheTableAndRenamedWithTheirEntities) {
-  Drawing drawing = Drawing::read(drawing_of("AC1015", line + heavy), "plan.dxf");
+  Drawing drawing = Drawing::read(drawing_of("AC1015", green_line + heavy), "plan.dxf");
   LayerRow row;
   row.name = "Doors";
   row.color = 30;
@@ -198,7 +198,7 @@ TEST(Layers, AreAddedToTheTableAndRenamedWithTheirEntities) {
 }
 
 TEST(Xdata, IsReplacedForOneApplicationAndKeptForTheOthers) {
-  Drawing drawing = Drawing::read(drawing_of("AC1015", line), "plan.dxf");
+  Drawing drawing = Drawing::read(drawing_of("AC1015", green_line), "plan.dxf");
   const RecordId id = drawing.find(0x2F);
   using Tags = std::vector<std::pair<int, std::string>>;
   drawing.write_xdata(id, {{1001, "OTHER"}, {1000, "text"}, {1040, "1.5"}});

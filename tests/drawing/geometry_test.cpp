@@ -10,7 +10,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 TEST(Matrix, AppliesTheSecondFactorFirst) {
   const Matrix both = translation({10, 0, 0}) * rotation({}, z_axis, pi / 2);

@@ -11,7 +11,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 HatchLoop square(double size, double bulge = 0) {
   HatchLoop loop;

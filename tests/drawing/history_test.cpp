@@ -13,10 +13,6 @@
 namespace velmar::drawing {
 namespace {
 
-const std::string line =
-    "0 LINE 5 2F 330 1F 100 AcDbEntity 8 Walls 100 AcDbLine 10 1.0 20 2.0 30 0.0 11 4.0 21 6.0 31 "
-    "0.0 ";
-
 Entity new_line(double x) {
   Entity entity;
   entity.common.layer = "Walls";
@@ -226,7 +222,7 @@ TEST_P(History, IsTheSameAtEveryStep) {
 }
 
 Drawing drawing_with_history() {
-  Drawing drawing = Drawing::read(drawing_of("AC1015", line), "plan.dxf");
+  Drawing drawing = Drawing::read(drawing_of("AC1015", walls_line), "plan.dxf");
   drawing.keep_history();
   return drawing;
 }

@@ -22,11 +22,11 @@ std::string block(const std::string& name, const std::string& content) {
 std::string insert(const std::string& name, const std::string& more = "") {
   return "0 INSERT 8 0 2 " + name + " 10 0 20 0 30 0 " + more;
 }
-const std::string line = "0 LINE 8 0 10 1 20 2 30 0 11 4 21 6 31 0 ";
+const std::string bare_line = "0 LINE 8 0 10 1 20 2 30 0 11 4 21 6 31 0 ";
 
 Drawing with_blocks(const std::string& blocks, const std::string& entities) {
-  return Drawing::read(dxf("0 SECTION 2 BLOCKS " + blocks + "0 ENDSEC 0 SECTION 2 ENTITIES " +
-                           entities + "0 ENDSEC 0 EOF"),
+  return Drawing::read(dxf_text("0 SECTION 2 BLOCKS " + blocks + "0 ENDSEC 0 SECTION 2 ENTITIES " +
+                                entities + "0 ENDSEC 0 EOF"),
                        "hostile.dxf");
 }
 RecordId first(const Drawing& drawing) { return drawing.entities(SpaceId::model).at(0); }
@@ -42,7 +42,7 @@ std::string refusal(Step step) {
 }
 
 TEST(Hostile, BlocksThatDrawTooMuchAreRefusedBeforeTheyAreDrawn) {
-  std::string doubled = block("B40", line), chain = block("B100", line);
+  std::string doubled = block("B40", bare_line), chain = block("B100", bare_line);
   for (int i = 0; i < 40; ++i) {
     const std::string next = insert("B" + std::to_string(i + 1));
     doubled += block("B" + std::to_string(i), next + next);
@@ -50,7 +50,7 @@ TEST(Hostile, BlocksThatDrawTooMuchAreRefusedBeforeTheyAreDrawn) {
   for (int i = 0; i < 100; ++i) {
     chain += block("B" + std::to_string(i), insert("B" + std::to_string(i + 1)));
   }
-  const std::string itself = block("A", line + insert("B0")) + block("B0", insert("A"));
+  const std::string itself = block("A", bare_line + insert("B0")) + block("B0", insert("A"));
   const struct {
     std::string blocks, said;
   } cases[] = {{doubled, "draws more than 4000000 entities through its blocks"},
@@ -65,7 +65,7 @@ TEST(Hostile, BlocksThatDrawTooMuchAreRefusedBeforeTheyAreDrawn) {
 
 TEST(Hostile, TheBoxOfAnArrayTakesItsCornersAlone) {
   const std::string array = insert("A", "50 90 70 32767 71 32767 44 10 45 -10 ");
-  const Drawing lines = with_blocks(block("A", line), array);
+  const Drawing lines = with_blocks(block("A", bare_line), array);
   const auto box = extents(lines, first(lines));
   ASSERT_TRUE(box);
   EXPECT_NEAR(box->min.x, -6, 1e-6);

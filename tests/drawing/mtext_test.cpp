@@ -17,7 +17,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 // At height 21 one unit of the stroke font is one drawing unit: X is 14 of 20, a blank 19.
 MText text_of(const std::string& content) {
@@ -139,13 +139,13 @@ Body only_body(const Drawing& drawing) {
   return drawing.read_body(drawing.entities(SpaceId::model).front());
 }
 
-constexpr std::string_view head = "0 MTEXT 5 50 330 1F 100 AcDbEntity 8 0 100 AcDbMText ";
+constexpr std::string_view mtext_head = "0 MTEXT 5 50 330 1F 100 AcDbEntity 8 0 100 AcDbMText ";
 
 TEST(MTextRecord, LongTextsStandInPieces) {
   const std::string a(250, 'a'), b(250, 'b');
   Drawing drawing = Drawing::read(
-      drawing_of("AC1015", std::string(head) + "10 1 20 2 30 0 40 2.50 41 0 71 1 72 1 3 " + a +
-                               "\\U+00 3 C4" + b + " 1 end 73 1 44 1"),
+      drawing_of("AC1015", std::string(mtext_head) + "10 1 20 2 30 0 40 2.50 41 0 71 1 72 1 3 " +
+                               a + "\\U+00 3 C4" + b + " 1 end 73 1 44 1"),
       "mtext");
   const RecordId id = drawing.entities(SpaceId::model).front();
   const std::string before = drawing.bytes();
@@ -166,11 +166,12 @@ TEST(MTextRecord, LongTextsStandInPieces) {
 }
 
 TEST(MTextRecord, TheEmbeddedObjectFollowsAndIsNotTakenForTheText) {
-  Drawing drawing = Drawing::read(
-      drawing_of("AC1032", std::string(head) + "10 1 20 2 30 0 40 2 71 1 72 1 1 X 101 "
-                                               "Embedded~Object 70 1 10 1 20 0 30 0 11 1 21 2 31 0 "
-                                               "40 77 44 3 1001 ACAD 1000 kept"),
-      "mtext");
+  Drawing drawing =
+      Drawing::read(drawing_of("AC1032", std::string(mtext_head) +
+                                             "10 1 20 2 30 0 40 2 71 1 72 1 1 X 101 "
+                                             "Embedded~Object 70 1 10 1 20 0 30 0 11 1 21 2 31 0 "
+                                             "40 77 44 3 1001 ACAD 1000 kept"),
+                    "mtext");
   const RecordId id = drawing.entities(SpaceId::model).front();
   auto text = std::get<MText>(drawing.read_body(id));
   EXPECT_EQ(text.width, 0);
@@ -181,7 +182,9 @@ TEST(MTextRecord, TheEmbeddedObjectFollowsAndIsNotTakenForTheText) {
   drawing.write_body(id, text);
   const std::string after = drawing.bytes();
   const std::string object = after.substr(after.find("Embedded"));
-  const auto has = [&](std::string_view words) { return object.find(dxf(words)) != object.npos; };
+  const auto has = [&](std::string_view words) {
+    return object.find(dxf_text(words)) != object.npos;
+  };
   EXPECT_TRUE(has(" 11 -2.0 21 1.0 31 0")) << object;
   EXPECT_TRUE(has(" 40 5.0 44 3 1001 ACAD")) << object;
   EXPECT_NEAR(rotation(std::get<MText>(only_body(drawing))), pi / 2, 1e-12);
@@ -189,14 +192,15 @@ TEST(MTextRecord, TheEmbeddedObjectFollowsAndIsNotTakenForTheText) {
 
 TEST(MTextRecord, ARotationCountsWhereThereIsNoDirection) {
   const Drawing drawing = Drawing::read(
-      drawing_of("AC1015", std::string(head) + "10 0 20 0 30 0 40 1 71 1 72 1 1 X 50 90"), "mtext");
+      drawing_of("AC1015", std::string(mtext_head) + "10 0 20 0 30 0 40 1 71 1 72 1 1 X 50 90"),
+      "mtext");
   const auto text = std::get<MText>(only_body(drawing));
   EXPECT_TRUE(near(direction(text), y_axis));
 }
 
 TEST(MTextRecord, R12CannotHoldOne) {
-  Drawing drawing =
-      Drawing::read(dxf("0 SECTION 2 ENTITIES 0 POINT 8 0 10 0 20 0 0 ENDSEC 0 EOF"), "old.dxf");
+  Drawing drawing = Drawing::read(
+      dxf_text("0 SECTION 2 ENTITIES 0 POINT 8 0 10 0 20 0 0 ENDSEC 0 EOF"), "old.dxf");
   for (const Body& body : {Body(MText{}), Body(Tolerance{})}) {
     try {
       drawing.add(SpaceId::model, {Common{}, body});

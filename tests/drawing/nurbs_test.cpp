@@ -10,7 +10,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 /// A circle of radius 2 about (1, 1, 3) by nine rational control points.
 Nurbs circle() {

@@ -9,7 +9,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 LwPolyline donut(double width) {
   LwPolyline polyline;

@@ -42,7 +42,7 @@ inline std::string sheets_text() {
   };
   const std::string on_paper = "67 1 8 0 ", line = "100 AcDbLine 10 0 20 0 30 0 11 4 21 2 31 0";
   const std::string show = "100 AcDbBlockReference 10 0 20 0 30 0 2 ";
-  return dxf(
+  return dxf_text(
       "0 SECTION 2 HEADER 9 $ACADVER 1 AC1015 9 $HANDSEED 5 FFF 9 $CLAYER 8 0 9 $TILEMODE 70 1 "
       "0 ENDSEC 0 SECTION 2 TABLES "
       "0 TABLE 2 VPORT 5 8 330 0 100 AcDbSymbolTable 70 1 " +

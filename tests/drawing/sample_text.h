@@ -6,7 +6,7 @@
 namespace velmar::drawing {
 
 /// DXF text from words: "0 LINE 8 0" is two tags. `~` stands for a blank, `@` for an empty value.
-inline std::string dxf(std::string_view words, std::string_view line_end = "\r\n") {
+inline std::string dxf_text(std::string_view words, std::string_view line_end = "\r\n") {
   std::string text;
   bool line_begins = true;
   for (const char c : words) {
@@ -21,6 +21,11 @@ inline std::string dxf(std::string_view words, std::string_view line_end = "\r\n
   if (!line_begins) text += line_end;
   return text;
 }
+
+/// 2F, from (1, 2) to (4, 6).
+inline const std::string walls_line =
+    "0 LINE 5 2F 330 1F 100 AcDbEntity 8 Walls 100 AcDbLine 10 1.0 20 2.0 30 0.0 11 4.0 21 6.0 31 "
+    "0.0 ";
 
 /// A drawing of the version with these entities in model space (block record 1F).
 inline std::string drawing_of(std::string_view version, std::string_view entities,
@@ -41,7 +46,7 @@ inline std::string drawing_of(std::string_view version, std::string_view entitie
       "0 BLOCK_RECORD 5 1B 330 1 100 AcDbSymbolTableRecord 100 AcDbBlockTableRecord 2 *Paper_Space "
       "0 ENDTAB 0 ENDSEC 0 SECTION 2 ENTITIES ";
   words.append(entities).append(" 0 ENDSEC 0 EOF");
-  return dxf(words, line_end);
+  return dxf_text(words, line_end);
 }
 
 }  // namespace velmar::drawing

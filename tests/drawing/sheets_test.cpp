@@ -110,9 +110,10 @@ TEST(Sheets, AreErasedWithAllThatIsTheirs) {
 }
 
 TEST(Sheets, OldDrawingsHaveOne) {
-  Drawing drawing = Drawing::read(dxf("0 SECTION 2 ENTITIES 0 LINE 8 0 67 1 10 0 20 0 11 1 21 0 "
-                                      "0 LINE 8 0 10 0 20 0 11 1 21 0 0 ENDSEC 0 EOF"),
-                                  "old.dxf");
+  Drawing drawing =
+      Drawing::read(dxf_text("0 SECTION 2 ENTITIES 0 LINE 8 0 67 1 10 0 20 0 11 1 21 0 "
+                             "0 LINE 8 0 10 0 20 0 11 1 21 0 0 ENDSEC 0 EOF"),
+                    "old.dxf");
   EXPECT_EQ(names(drawing.layouts()), "Model:0 Layout1:1 ");
   EXPECT_EQ(drawing.entity_count(sheet(drawing, "Layout1")), 1u);
   EXPECT_THROW(drawing.add_layout("Second"), Error);
@@ -130,7 +131,7 @@ TEST(Erasing, TakesTheEntityOutOfAllLists) {
   EXPECT_EQ(saved.pointed_to(saved.find(0x65)), std::vector{saved.find(0x41)});
   EXPECT_EQ(saved.find(0x70), RecordId::none);  // its extension dictionary
   EXPECT_EQ(saved.find(0x71), RecordId::none);
-  EXPECT_NE(drawing.bytes().find(dxf("330 1F 331 41 5 40 0 ENDSEC")), std::string::npos);
+  EXPECT_NE(drawing.bytes().find(dxf_text("330 1F 331 41 5 40 0 ENDSEC")), std::string::npos);
 }
 
 TEST(Erasing, OfAGroupEndsTheReactorsOfItsMembers) {
@@ -138,7 +139,7 @@ TEST(Erasing, OfAGroupEndsTheReactorsOfItsMembers) {
   drawing.erase(drawing.find(0x65));
   const Drawing saved = reread(drawing);
   expect_sound(saved);
-  EXPECT_NE(drawing.bytes().find(dxf("102 } 330 1F 100 AcDbEntity 8 0")), std::string::npos);
+  EXPECT_NE(drawing.bytes().find(dxf_text("102 } 330 1F 100 AcDbEntity 8 0")), std::string::npos);
 }
 
 TEST(Purging, TakesOnePassAtATime) {
@@ -156,14 +157,15 @@ TEST(Purging, TakesOnePassAtATime) {
   EXPECT_FALSE(saved.find_space("INNER"));
   EXPECT_TRUE(saved.find_space("USED"));
   EXPECT_TRUE(saved.find_layer("Walls"));  // a block in use is drawn on it
-  EXPECT_NE(drawing.bytes().find(dxf("0 TABLE 2 LAYER 5 2 330 0 100 AcDbSymbolTable 70 ~~~~~2")),
-            std::string::npos);
+  EXPECT_NE(
+      drawing.bytes().find(dxf_text("0 TABLE 2 LAYER 5 2 330 0 100 AcDbSymbolTable 70 ~~~~~2")),
+      std::string::npos);
 }
 
 TEST(Purging, KeepsWhatAnythingRefersTo) {
   const auto with = [](const std::string& object) {
     std::string text = sheets_text();
-    text.insert(text.rfind(dxf("0 ENDSEC")), dxf(object));
+    text.insert(text.rfind(dxf_text("0 ENDSEC")), dxf_text(object));
     return Drawing::read(text, "sheets.dxf");
   };
   struct Case {
@@ -216,10 +218,10 @@ TEST(Checker, TellsEachBrokenReference) {
   };
   for (const Case& row : cases) {
     std::string text = sheets_text();
-    const std::string found = dxf(row.found);
+    const std::string found = dxf_text(row.found);
     const std::size_t at = text.find("\n" + found.substr(0, found.size() - 2));
     ASSERT_NE(at, std::string::npos) << row.found;
-    text.replace(at + 1, found.size(), dxf(row.changed));
+    text.replace(at + 1, found.size(), dxf_text(row.changed));
     const Drawing drawing = Drawing::read(text, "broken.dxf");
     std::string told;
     bool has_place = true;

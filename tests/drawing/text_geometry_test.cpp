@@ -8,7 +8,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 // At height 21 one unit of the font is one drawing unit.
 Text text_of(const char* string) {

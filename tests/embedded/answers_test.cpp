@@ -12,7 +12,7 @@ namespace velmar::embedded {
 namespace {
 
 using drawing::Point;
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 TEST(Answers, RealNumbersInPlainExponentAndFractionForm) {
   const std::pair<const char*, std::optional<double>> rows[] = {

@@ -1,5 +1,6 @@
 #include "embedded/blocks_object.h"
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 
 namespace velmar::embedded {
 namespace {
@@ -86,7 +87,6 @@ TEST(BlockObjects, RefuseEntitiesThatCannotBe) {
   const auto number = [&](Member member, auto... arguments) {
     return failure_of([&] { EntityScene::call_on(*model, member, arguments...); });
   };
-  constexpr std::int32_t invalid_input = -2145386493, wrong_element_count = -2145320944;
   const std::string before = scene.bytes();
   EXPECT_EQ(number(Member::AddCircle, at(0, 0), 0.0), invalid_input);
   EXPECT_EQ(number(Member::AddCircle, basic::Doubles{0, 0}, 1.0), wrong_element_count);

@@ -1,12 +1,11 @@
 #include "drawing/references_text.h"
+#include "embedded/error_numbers.h"
 #include "embedded/host_scene.h"
 
 namespace velmar::embedded {
 namespace {
 
 using basic::Doubles;
-
-constexpr std::int32_t invalid_input = -2145386493, filer_error = -2145386445;
 
 /// The host with the drawing of sheets and blocks (drawing/references_text.h) open.
 class Collections : public testing::Test {

@@ -2,12 +2,10 @@
 #include <cstdio>
 
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 
 namespace velmar::embedded {
 namespace {
-
-constexpr std::int32_t no_extents = -2145386468, not_supported = 445,
-                       wrong_element_count = -2145320944, no_such_member = 438;
 
 std::string kinds() {
   return head("SOLID", "30") +
@@ -62,7 +60,7 @@ TEST(CurveKinds, TellWhereTheyAre) {
   }
   EXPECT_EQ(failure_of([&] { box(scene, "33"); }), no_extents);
   EXPECT_EQ(failure_of([&] { box(scene, "34"); }), no_extents);
-  EXPECT_EQ(failure_of([&] { box(scene, "37"); }), not_supported) << "no place in the file";
+  EXPECT_EQ(failure_of([&] { box(scene, "37"); }), no_such_action) << "no place in the file";
 }
 
 TEST(CurveKinds, AreMovedTurnedAndMirrored) {
@@ -83,9 +81,9 @@ TEST(CurveKinds, AreMovedTurnedAndMirrored) {
   expect_value(saved.get("36", Member::InsertionPoint), at(11, 8), "frame");
 
   const std::string before = scene.bytes();
-  EXPECT_EQ(failure_of([&] { scene.call("36", Member::Rotate, at(0, 0), 1.0); }), not_supported);
+  EXPECT_EQ(failure_of([&] { scene.call("36", Member::Rotate, at(0, 0), 1.0); }), no_such_action);
   EXPECT_EQ(failure_of([&] { scene.call("36", Member::Mirror, at(0, 0), at(0, 1)); }),
-            not_supported);
+            no_such_action);
   EXPECT_EQ(scene.bytes(), before) << "not even a copy is left";
   const auto mirrored =
       EntityScene::as_object(scene.call("33", Member::Mirror, at(0, 0), at(0, 1)));
@@ -148,7 +146,7 @@ TEST(CurveKinds, TakeOtherPoints) {
               scene.put("32", Member::Coordinates, basic::Doubles{0, 0, 0});
             }),
             wrong_element_count);
-  EXPECT_EQ(failure_of([&] { scene.put("35", Member::Degree, 7); }), no_such_member);
+  EXPECT_EQ(failure_of([&] { scene.put("35", Member::Degree, 7); }), unknown_member);
 }
 
 }  // namespace

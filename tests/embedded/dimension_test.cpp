@@ -2,6 +2,7 @@
 #include <numbers>
 
 #include "drawing/extents.h"
+#include "embedded/error_numbers.h"
 #include "embedded/host_scene.h"
 
 namespace velmar::embedded {
@@ -11,9 +12,7 @@ using drawing::Box;
 using drawing::Drawing;
 using drawing::RecordId;
 
-constexpr double pi = std::numbers::pi;
-constexpr std::int32_t key_not_found = -2145386476, invalid_input = -2145386493,
-                       unknown_member = 438;
+using std::numbers::pi;
 
 EntityScene empty_scene() { return EntityScene(Drawing::empty()); }
 

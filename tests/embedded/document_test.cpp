@@ -1,11 +1,10 @@
 #include "embedded/document.h"
 
+#include "embedded/error_numbers.h"
 #include "embedded/host_scene.h"
 
 namespace velmar::embedded {
 namespace {
-
-constexpr std::int32_t saving_failed = -2145320861;
 
 std::vector<std::string> names(const host::Documents& documents) {
   std::vector<std::string> all;

@@ -54,8 +54,6 @@ bool is_close(const Value& a, const Value& b) {
   return a == b || a.is<basic::Reference>();
 }
 
-constexpr auto last_member = static_cast<std::uint16_t>(Member::ZScaleFactor);
-
 // Coordinates, radii and angles that were read can be put, and then nothing has moved.
 TEST(EntityCorpus, PutOfWhatWasReadChangesNothing) {
   std::size_t done = 0;

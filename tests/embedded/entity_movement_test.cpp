@@ -8,7 +8,7 @@ namespace velmar::embedded {
 namespace {
 
 using drawing::Matrix;
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 /// Entities whose object coordinate system is not the world's.
 std::string tilted() {

@@ -5,7 +5,7 @@
 namespace velmar::embedded {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 struct Expectation {
   std::string handle;

@@ -149,6 +149,9 @@ struct EntityScene {
   DocumentPointer document;
 };
 
+/// Of the enumeration.
+inline constexpr auto last_member = static_cast<std::uint16_t>(Member::ZScaleFactor);
+
 inline Value at(double x, double y, double z = 0) { return basic::Doubles{x, y, z}; }
 
 /// Numbers and points within 1e-9; everything else exactly.

@@ -5,6 +5,7 @@
 
 #include "drawing/extents.h"
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 
 // What an independent reader makes of the corpus's block references
 // (tests/corpus/explode_facts.py).
@@ -23,14 +24,12 @@ bool without_fonts(const std::string& kind) {
   return std::ranges::find(kinds, kind) != std::end(kinds);
 }
 
-constexpr std::int32_t not_available = 445;
-
 struct Parts {
   std::map<std::string, int> kinds;
   Box box;
 };
 
-Parts explode(const EntityScene& scene, const std::string& handle) {
+Parts exploded_parts(const EntityScene& scene, const std::string& handle) {
   const Drawing& drawing = scene.document->drawing;
   Parts parts;
   const Value made = scene.call(handle, Member::Explode);
@@ -66,7 +65,7 @@ TEST(ExplodeFacts, KindsAndBoxesAreThoseOfAnIndependentReader) {
     const EntityScene scene(Drawing::open(corpus / file));
     for (const auto& [handle, facts] : references.items()) {
       const std::string where = file + " #" + handle;
-      const Parts parts = explode(scene, handle);
+      const Parts parts = exploded_parts(scene, handle);
       EXPECT_EQ(json(parts.kinds), facts["kinds"]) << where;
       expect_box(parts.box, facts["box"], where);
       ++compared;
@@ -74,10 +73,10 @@ TEST(ExplodeFacts, KindsAndBoxesAreThoseOfAnIndependentReader) {
       const Value scale = scene.get(handle, Member::XScaleFactor);
       scene.put(handle, Member::XScaleFactor, 2 * *scale.if_is<double>());
       try {
-        expect_box(explode(scene, handle).box, facts["stretched"], where + " stretched");
+        expect_box(exploded_parts(scene, handle).box, facts["stretched"], where + " stretched");
       } catch (const basic::Failure& failure) {
         EXPECT_LT(scene.document->drawing.version(), "AC1012") << where << failure.description;
-        EXPECT_EQ(failure.number, not_available) << where << failure.description;
+        EXPECT_EQ(failure.number, no_such_action) << where << failure.description;
       }
     }
   }

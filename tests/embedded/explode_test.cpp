@@ -4,6 +4,7 @@
 
 #include "drawing/extents.h"
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 
 namespace velmar::embedded {
 namespace {
@@ -13,8 +14,7 @@ using drawing::Drawing;
 using drawing::RecordId;
 using drawing::SpaceId;
 
-constexpr double pi = std::numbers::pi;
-constexpr std::int32_t not_supported = 445, invalid_input = -2145386493;
+using std::numbers::pi;
 
 using Objects = std::vector<std::shared_ptr<host::Object>>;
 
@@ -175,7 +175,7 @@ TEST(Explode, WithUnequalScalesGivesEllipses) {
            "0 INSERT\n5 31\n8 0\n2 PART\n10 5\n20 0\n30 0\n0 ENDSEC\n0 EOF\n"),
       "old.dxf"));
   const std::string before = old.bytes();
-  EXPECT_EQ(failure_of([&] { explode(old, "30"); }), not_supported) << "R12 has no ellipses";
+  EXPECT_EQ(failure_of([&] { explode(old, "30"); }), no_such_action) << "R12 has no ellipses";
   EXPECT_EQ(old.bytes(), before);
   const Objects round = explode(old, "31");
   ASSERT_EQ(round.size(), 2U);
@@ -226,8 +226,8 @@ TEST(Explode, RefusesBeforeAnythingIsAdded) {
     }
     EXPECT_EQ(scene.bytes(), before);
   };
-  refused(note, "10 5\n20 0\n30 0\n", not_supported, "MLINE");
-  refused(nested, "10 0\n20 0\n30 0\n41 2\n", not_supported, "oblique");
+  refused(note, "10 5\n20 0\n30 0\n", no_such_action, "MLINE");
+  refused(nested, "10 0\n20 0\n30 0\n41 2\n", no_such_action, "oblique");
   refused("", "10 0\n20 0\n30 0\n41 0\n", invalid_input, "");
 
   // Where nothing moves, what is not understood is copied as it is.
@@ -293,7 +293,7 @@ std::optional<Objects> try_explode(const EntityScene& scene, RecordId id) {
   try {
     return explode(scene, drawing::handle_text(scene.document->drawing.record(id).handle));
   } catch (const basic::Failure& failure) {
-    EXPECT_EQ(failure.number, not_supported) << failure.description;
+    EXPECT_EQ(failure.number, no_such_action) << failure.description;
     return std::nullopt;
   }
 }

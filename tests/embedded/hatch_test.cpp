@@ -1,13 +1,12 @@
 #include <numbers>
 
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 
 namespace velmar::embedded {
 namespace {
 
-constexpr double pi = std::numbers::pi;
-constexpr std::int32_t invalid_input = -2145386493, invalid_argument = -2145320939,
-                       not_supported = 445, no_such_member = 438;
+using std::numbers::pi;
 
 using ObjectPointer = std::shared_ptr<host::Object>;
 
@@ -115,8 +114,8 @@ TEST(Hatch, RefusesWhatMakesNoLoopInItsPlane) {
   EXPECT_EQ(append(scene.list({"36"})), invalid_input) << "no curve";
   EXPECT_EQ(append(scene.list({"30", "31"})), invalid_input) << "two loops";
   EXPECT_EQ(append(scene.list({})), invalid_input);
-  EXPECT_EQ(append(Value(scene.object("30"))), invalid_argument) << "no list";
-  EXPECT_EQ(append(basic::List{Value(1)}), invalid_argument);
+  EXPECT_EQ(append(Value(scene.object("30"))), bad_argument) << "no list";
+  EXPECT_EQ(append(basic::List{Value(1)}), bad_argument);
   EXPECT_EQ(failure_of([&] { EntityScene::call_on(*hatch, Member::Evaluate); }), invalid_input);
   EXPECT_EQ(failure_of(
                 [&] { EntityScene::call_on(*hatch, Member::AppendInnerLoop, scene.list({"31"})); }),
@@ -124,7 +123,7 @@ TEST(Hatch, RefusesWhatMakesNoLoopInItsPlane) {
       << "no outer loop yet";
   EXPECT_EQ(failure_of([&] { EntityScene::call_on(*hatch, Member::SetPattern, 1, "NOWHERE"); }),
             invalid_input);
-  EXPECT_EQ(failure_of([&] { EntityScene::call_on(*hatch, Member::Explode); }), no_such_member);
+  EXPECT_EQ(failure_of([&] { EntityScene::call_on(*hatch, Member::Explode); }), unknown_member);
   EXPECT_EQ(scene.bytes(), before);
   EXPECT_EQ(failure_of([&] { scene.hatch(1, "NOWHERE", false); }), invalid_input);
   EXPECT_EQ(failure_of([&] { scene.hatch(3, "ANSI31", false); }), invalid_input);
@@ -194,7 +193,7 @@ TEST(Hatch, CanChangeItsPattern) {
   EXPECT_NEAR(turned.angle, pi / 2, 1e-12);
   EntityScene::call_on(*hatch, Member::SetPattern, 2, "solid");
   EXPECT_TRUE(scene.saved_hatch(hatch).lines.empty());
-  EXPECT_EQ(failure_of([&] { hatch->put(Member::HatchObjectType, 1); }), not_supported);
+  EXPECT_EQ(failure_of([&] { hatch->put(Member::HatchObjectType, 1); }), no_such_action);
   hatch->put(Member::Elevation, 3.0);
   std::vector<Value> box(2);
   hatch->call(Member::GetBoundingBox, box);
@@ -207,7 +206,7 @@ TEST(Hatch, CannotBeInR12) {
   const EntityScene scene(drawing::Drawing::read(text, "old.dxf"));
   EXPECT_EQ(
       failure_of([&] { EntityScene::call_on(*scene.model(), Member::AddHatch, 0, "", false); }),
-      not_supported);
+      no_such_action);
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 #include "embedded/layers_object.h"
 
 namespace velmar::embedded {
 namespace {
-
-constexpr std::int32_t invalid_input = -2145386493, key_not_found = -2145386476,
-                       duplicate_name = -2145386405, invalid_layer = -2145386348;
 
 struct LayerScene : EntityScene {
   std::shared_ptr<LayersObject> layers = std::make_shared<LayersObject>(document);

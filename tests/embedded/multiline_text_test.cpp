@@ -1,14 +1,11 @@
 #include <numbers>
 
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 #include "embedded/host_scene.h"
 
 namespace velmar::embedded {
 namespace {
-
-constexpr std::int32_t invalid_input = -2145386493, key_not_found = -2145386476,
-                       drawing_failed = -2147467259, on_locked_layer = -2145386413,
-                       no_such_member = 438, not_supported = 445;
 
 std::string mtext(const std::string& fields, const std::string& layer = "0") {
   return head("MTEXT", "30", layer) + "100 AcDbMText\n10 10\n20 20\n30 0\n40 21\n41 0\n" + fields;
@@ -80,8 +77,8 @@ TEST(MText, RefusesWhatItCannotBe) {
   EXPECT_EQ(put(Member::LineSpacingFactor, 5.0), invalid_input);
   EXPECT_EQ(put(Member::LineSpacingStyle, 0), invalid_input);
   EXPECT_EQ(put(Member::StyleName, "none"), key_not_found);
-  EXPECT_EQ(put(Member::Thickness, 1.0), no_such_member);
-  EXPECT_EQ(failure_of([&] { scene.call("30", Member::Explode); }), no_such_member);
+  EXPECT_EQ(put(Member::Thickness, 1.0), unknown_member);
+  EXPECT_EQ(failure_of([&] { scene.call("30", Member::Explode); }), unknown_member);
   EXPECT_EQ(scene.bytes(), before);
   const EntityScene locked(mtext("1 X\n", "Locked"));
   EXPECT_EQ(failure_of([&] { locked.put("30", Member::TextString, "Y"); }), on_locked_layer);
@@ -154,7 +151,7 @@ TEST(TextStyles, AreReadPutAddedAndMadeCurrent) {
   notes->put(Member::TextGenerationFlag, 2);
   notes->put(Member::BigFontFile, "bigfont.shx");
   EXPECT_EQ(failure_of([&] { notes->put(Member::Width, 0.0); }), invalid_input);
-  EXPECT_EQ(failure_of([&] { notes->put(Member::Name, "Other"); }), not_supported);
+  EXPECT_EQ(failure_of([&] { notes->put(Member::Name, "Other"); }), no_such_action);
 
   const auto active = [&] { return object(document_object->get(Member::ActiveTextStyle)); };
   EXPECT_TRUE(active()->get(Member::Name) == Value("Standard"));

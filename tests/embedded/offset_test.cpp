@@ -1,12 +1,12 @@
 #include <numbers>
 
 #include "embedded/entity_scene.h"
+#include "embedded/error_numbers.h"
 
 namespace velmar::embedded {
 namespace {
 
-constexpr double pi = std::numbers::pi;
-constexpr std::int32_t invalid_input = -2145386493, not_supported = 445;
+using std::numbers::pi;
 
 std::string light(const std::string& vertices, const std::string& flags = "0") {
   return head("LWPOLYLINE", "30") + "100 AcDbPolyline\n90 4\n70 " + flags + "\n38 2\n" + vertices;
@@ -109,8 +109,8 @@ TEST(Offset, WithoutRoomChangesNothing) {
   const EntityScene dot(light("10 1\n20 1\n10 1\n20 1\n"));
   EXPECT_EQ(failure_of([&] { offset(dot, 1); }), invalid_input);
   const EntityScene others;
-  EXPECT_EQ(failure_of([&] { others.call("33", Member::Offset, 1.0); }), not_supported);
-  EXPECT_EQ(failure_of([&] { others.call("39", Member::Offset, 1.0); }), not_supported);
+  EXPECT_EQ(failure_of([&] { others.call("33", Member::Offset, 1.0); }), no_such_action);
+  EXPECT_EQ(failure_of([&] { others.call("39", Member::Offset, 1.0); }), no_such_action);
   EXPECT_EQ(scene.bytes(), before);
 }
 

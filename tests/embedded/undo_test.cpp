@@ -1,13 +1,12 @@
 #include "embedded/undo.h"
 
+#include "embedded/error_numbers.h"
 #include "embedded/host_scene.h"
 
 // What a host's objects are after the drawing under them went a step back or forth.
 
 namespace velmar::embedded {
 namespace {
-
-constexpr std::int32_t was_erased = -2145386420;
 
 TEST(Undo, MakesWhatTheStepAddedErasedObjects) {
   HostScene scene;

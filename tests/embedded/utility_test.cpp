@@ -7,7 +7,7 @@
 namespace velmar::embedded {
 namespace {
 
-constexpr double pi = std::numbers::pi;
+using std::numbers::pi;
 
 TEST(GetEntity, TakesWhatTheAnswerPointsAt) {
   const std::pair<const char*, const char*> rows[] = {

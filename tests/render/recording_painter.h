@@ -61,7 +61,7 @@ struct SceneText {
                               " 0 ENDTAB 0 TABLE 2 LAYER 70 9 " + layers +
                               " 0 ENDTAB 0 ENDSEC 0 SECTION 2 BLOCKS " + blocks +
                               " 0 ENDSEC 0 SECTION 2 ENTITIES " + entities + " 0 ENDSEC 0 EOF";
-    return drawing::Drawing::read(drawing::dxf(words), "scene.dxf");
+    return drawing::Drawing::read(drawing::dxf_text(words), "scene.dxf");
   }
 };
 

@@ -11,7 +11,7 @@ using host::Entity;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const char* const ready = "Autocad Ready.";
+const char* const ready_in_line = "Autocad Ready.";
 const char* const select_layer = "\r\nSelect Layer";
 
 class ReplaceLineByType : public testing::Test {
@@ -28,7 +28,7 @@ TEST_F(ReplaceLineByType, RescalesTheLinetypeAndDrawsItsLinesAnewAtHeight0) {
   EXPECT_FALSE(scene.run("ReplaceLineByType").failure);
   EXPECT_THAT(scene.asked(), ElementsAre("\r\n[Select LineType]",
                                          "\r\nSpecify LineTypeScale [DASHED] Current <0.5>: "));
-  EXPECT_THAT(scene.said(), ElementsAre(ready));
+  EXPECT_THAT(scene.said(), ElementsAre(ready_in_line));
 
   EXPECT_FALSE(scene.has("30"));
   EXPECT_EQ(scene.entity<Entity>("31").LinetypeScale(), 2.5);
@@ -53,7 +53,7 @@ TEST_F(ReplaceLineByType, EnterEscapeAndZeroAreTheScale1) {
     EXPECT_FALSE(scene.run("ReplaceLineByType").failure);
     EXPECT_EQ(scene.asked().back(), "\r\nSpecify LineTypeScale [dashed] Current <7>: ");
     EXPECT_EQ(scene.entity<Entity>("31").LinetypeScale(), 1);
-    EXPECT_THAT(scene.said(), ElementsAre(ready));
+    EXPECT_THAT(scene.said(), ElementsAre(ready_in_line));
   }
 }
 
@@ -75,7 +75,7 @@ TEST(HatchLayer, TakesTheLayerOfThePickedEntity) {
   EXPECT_FALSE(outcome.failure);
   EXPECT_EQ(outcome.arguments[0], Value("Walls"));
   EXPECT_THAT(scene.asked(), ElementsAre(select_layer));
-  EXPECT_THAT(scene.said(), ElementsAre(ready));
+  EXPECT_THAT(scene.said(), ElementsAre(ready_in_line));
   EXPECT_FALSE(scene.drawing().is_changed()) << "no polyline is on that layer";
 
   scene.answers({"^C"});
@@ -94,7 +94,7 @@ TEST(DimLayer, AsksForALayerAndADistance) {
     EXPECT_EQ(scene.said().size(), given == answers.size() ? 1u : 0u);
   }
   EXPECT_THAT(scene.asked(), ElementsAre(select_layer, "\r\nFirst point: ", "\r\nSecond point: "));
-  EXPECT_THAT(scene.said(), ElementsAre(ready));
+  EXPECT_THAT(scene.said(), ElementsAre(ready_in_line));
   EXPECT_FALSE(scene.drawing().is_changed()) << "the polyline is open";
 }
 

@@ -74,4 +74,8 @@ class Scene {
   std::unique_ptr<Caller> caller_;
 };
 
+inline std::string text_string(const Scene& scene, const char* handle) {
+  return scene.entity<host::Text>(handle).TextString();
+}
+
 }  // namespace velmar

@@ -12,10 +12,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Answers = std::vector<std::string>;
 
-std::string content(const Scene& scene, const char* handle) {
-  return scene.entity<Text>(handle).TextString();
-}
-
 std::string remembered(Scene& scene, const char* key) {
   return scene.system().setting({"Velmar", "Key", key});
 }
@@ -49,7 +45,7 @@ TEST(ChangeLetterCase, AppliesTheAnsweredOrTheRememberedMode) {
     const Outcome outcome = scene.run("ChangeLetterCase");
     EXPECT_FALSE(outcome.failure);
     EXPECT_TRUE(outcome.result.is<basic::Empty>());
-    EXPECT_EQ(content(scene, "30"), tried.expected) << tried.remembered << tried.answer;
+    EXPECT_EQ(text_string(scene, "30"), tried.expected) << tried.remembered << tried.answer;
     EXPECT_EQ(remembered(scene, "CLT"), tried.remembered_then);
     EXPECT_THAT(scene.asked(), ElementsAre("\r\nSelect Text", "\r\n[Upper,Lower,Title,Invert] <" +
                                                                   std::string(tried.shown) + ">:"));
@@ -120,7 +116,7 @@ TEST(Joint2Text, TakesItsTwoAnswersAndRemembersThem) {
     if (*tried.separator_before) remember(scene, "J2T", tried.separator_before);
     scene.answers({tried.answers[0], tried.answers[1], "#30", "#31"});
     EXPECT_FALSE(scene.run("Joint2Text").failure);
-    EXPECT_EQ(content(scene, "30"), tried.joined);
+    EXPECT_EQ(text_string(scene, "30"), tried.joined);
     EXPECT_EQ(scene.has("31"), !tried.deleted) << tried.answers[0];
     EXPECT_EQ(remembered(scene, "J2TA"), tried.delete_then);
     EXPECT_EQ(remembered(scene, "J2T"), tried.separator_then);
@@ -158,7 +154,7 @@ TEST(Joint2Text, GoesOnUntilAPickFailsOrIsNoText) {
     answers.insert(answers.end(), tried.picks.begin(), tried.picks.end());
     scene.answers(answers);
     EXPECT_FALSE(scene.run("Joint2Text").failure);
-    EXPECT_EQ(content(scene, tried.first), tried.first_then);
+    EXPECT_EQ(text_string(scene, tried.first), tried.first_then);
     EXPECT_EQ(scene.said(), tried.said) << tried.picks.front();
     EXPECT_EQ(scene.answers_left(), 0u);
     EXPECT_TRUE(scene.has("34"));
@@ -182,8 +178,9 @@ TEST(TextIndex, NumbersOrLettersWhatIsPicked) {
     if (*tried.remembered) remember(scene, "TI", tried.remembered);
     scene.answers({tried.answer, "#30", "#31", "#32"});
     EXPECT_FALSE(scene.run("TextIndex").failure);
-    EXPECT_THAT((Answers{content(scene, "30"), content(scene, "31"), content(scene, "32")}),
-                tried.expected);
+    EXPECT_THAT(
+        (Answers{text_string(scene, "30"), text_string(scene, "31"), text_string(scene, "32")}),
+        tried.expected);
     EXPECT_EQ(remembered(scene, "TI"), tried.remembered_then);
     EXPECT_THAT(
         scene.asked(),
@@ -200,12 +197,12 @@ TEST(TextIndex, BehindZThereIsNoLetterAndWhatIsNoTextEndsIt) {
   answers.emplace_back("#31");
   scene.answers(answers);
   EXPECT_FALSE(scene.run("TextIndex").failure);
-  EXPECT_THAT(content(scene, "30"), testing::StartsWith(") ) Z) Y) "));
+  EXPECT_THAT(text_string(scene, "30"), testing::StartsWith(") ) Z) Y) "));
   EXPECT_THAT(scene.said(), ElementsAre("\r\nPut Text Index", ready));
 
   scene.answers({"^C", "#30"});
   EXPECT_FALSE(scene.run("TextIndex").failure);
-  EXPECT_THAT(content(scene, "30"), testing::StartsWith(") ) Z) "));
+  EXPECT_THAT(text_string(scene, "30"), testing::StartsWith(") ) Z) "));
   EXPECT_THAT(scene.said(), ElementsAre("\r\nPut Text Index"));
 }
 

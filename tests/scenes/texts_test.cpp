@@ -20,10 +20,6 @@ host::Point middle(const host::Entity& entity) {
   return {(box.min.x + box.max.x) / 2, (box.min.y + box.max.y) / 2, 0};
 }
 
-std::string content(const Scene& scene, const char* handle) {
-  return scene.entity<Text>(handle).TextString();
-}
-
 TEST(Text, IsColouredByWhatItSaysUnlessAColourIsGiven) {
   struct Case {
     const char* content;
@@ -137,16 +133,16 @@ TEST(ReplaceT, ReplacesOrDeletesTextsThatReadExactlySo) {
   Scene scene(lines({"30", "door"}) + lines({"31", "Door"}) + lines({"32", "door 2"}) +
               lines({"33", "door", "Walls"}));
   EXPECT_FALSE(scene.run("ReplaceTL", "door", "gate", "Walls").failure);
-  EXPECT_EQ(content(scene, "33"), "gate");
-  EXPECT_EQ(content(scene, "30"), "door");
+  EXPECT_EQ(text_string(scene, "33"), "gate");
+  EXPECT_EQ(text_string(scene, "30"), "door");
   EXPECT_FALSE(scene.run("ReplaceTL", "door", LeftOut{}, "walls").failure);
   EXPECT_FALSE(scene.run("ReplaceTL", "door").failure);
   EXPECT_TRUE(scene.has("30"));
 
   EXPECT_FALSE(scene.run("ReplaceT", "door", "gate").failure);
-  EXPECT_EQ(content(scene, "30"), "gate");
-  EXPECT_EQ(content(scene, "31"), "Door");
-  EXPECT_EQ(content(scene, "32"), "door 2");
+  EXPECT_EQ(text_string(scene, "30"), "gate");
+  EXPECT_EQ(text_string(scene, "31"), "Door");
+  EXPECT_EQ(text_string(scene, "32"), "door 2");
   EXPECT_FALSE(scene.run("ReplaceT", "gate").failure);
   EXPECT_FALSE(scene.has("30"));
   EXPECT_FALSE(scene.has("33"));
@@ -157,9 +153,9 @@ TEST(ReplaceT, ReplacesOrDeletesTextsThatReadExactlySo) {
 TEST(ReplaceT, ALockedLayerEndsItAndWhatWasReplacedStays) {
   Scene scene(lines({"30", "a"}) + lines({"31", "a", "Locked"}) + lines({"32", "a"}));
   EXPECT_LT(scene.run("ReplaceT", "a", "b").failure->number, 0);
-  EXPECT_EQ(content(scene, "30"), "b");
-  EXPECT_EQ(content(scene, "31"), "a");
-  EXPECT_EQ(content(scene, "32"), "a");
+  EXPECT_EQ(text_string(scene, "30"), "b");
+  EXPECT_EQ(text_string(scene, "31"), "a");
+  EXPECT_EQ(text_string(scene, "32"), "a");
 }
 
 TEST(ReplaceInT, ReplacesInsideTheTextsThatItsSwitchesChoose) {
@@ -185,7 +181,7 @@ TEST(ReplaceInT, ReplacesInsideTheTextsThatItsSwitchesChoose) {
         scene.run("ReplaceInT", "a", tried.new_text, tried.layer, tried.first, tried.whole);
     ASSERT_FALSE(outcome.failure) << outcome.failure->description;
     for (std::size_t i = 0; i < std::size(handles); ++i) {
-      EXPECT_EQ(scene.has(handles[i]) ? content(scene, handles[i]) : "-", tried.expected[i])
+      EXPECT_EQ(scene.has(handles[i]) ? text_string(scene, handles[i]) : "-", tried.expected[i])
           << tried.new_text << " " << handles[i];
     }
     EXPECT_FALSE(scene.run("ReplaceInT", "", "X").failure);

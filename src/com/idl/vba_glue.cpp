@@ -7,7 +7,7 @@
 namespace velmar::com {
 namespace {
 
-constexpr std::string_view head = R"(Attribute VB_Name = "VelmarCalls"
+constexpr std::string_view vba_head = R"(Attribute VB_Name = "VelmarCalls"
 ' Velmar for Basic macros: import this file into a project. Each method of the class is a function of the same name
 ' with the prefix Vm; what a method writes back is in the caller's variables. Errors are those of the method.
 Option Explicit
@@ -92,7 +92,7 @@ std::string with_line_ends(const std::string& text) {
 
 std::string vba_glue(std::span<const Method> methods) {
   constexpr std::string_view mark = "@program_id";
-  std::string text(head);
+  std::string text(vba_head);
   text.replace(text.find(mark), mark.size(), program_id);
   for (const Method& method : methods) text += function(method);
   return with_line_ends(text);  // the editor of macros imports no others

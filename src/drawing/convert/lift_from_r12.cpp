@@ -36,7 +36,8 @@ class Parts {
         any_left = true;
       }
     }
-    record_.tags = {{100, std::string(base_)}};
+    record_.tags.clear();
+    record_.tags.push_back({100, std::string(base_)});
     append(head);
     for (std::size_t i = 0; i < parts_.size(); ++i) {
       record_.tags.push_back({100, std::string(parts_[i].marker)});

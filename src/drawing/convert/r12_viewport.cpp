@@ -57,14 +57,14 @@ double value_of(const Tags& tags, int code, double otherwise) {
   return tag != nullptr ? number_of(*tag) : otherwise;
 }
 
-void add_point(Tags& tags, int code, const std::array<double, 3>& point) {
+void add_xdata_point(Tags& tags, int code, const std::array<double, 3>& point) {
   for (int i = 0; i < 3; ++i) add_real(tags, code + 10 * i, point[static_cast<std::size_t>(i)]);
 }
 
 /// Behind the view centre and direction.
 void add_view(Tags& to, const Tags& from) {
-  add_point(to, 1010, {real_of(from, 17), real_of(from, 27), real_of(from, 37)});
-  add_point(to, 1010, {real_of(from, 16), real_of(from, 26), real_of(from, 36, 1)});
+  add_xdata_point(to, 1010, {real_of(from, 17), real_of(from, 27), real_of(from, 37)});
+  add_xdata_point(to, 1010, {real_of(from, 16), real_of(from, 26), real_of(from, 36, 1)});
   for (const ViewValue& value : view_values) {
     to.push_back(number_tag(value.xdata_code, value_of(from, value.code, value.otherwise)));
   }
@@ -143,8 +143,8 @@ void lift_viewport(TagRecord& viewport, const std::map<std::string, Handle>& lay
     const double number = i < view.values.size() ? view.values[i] : value.otherwise;
     if (value.code != 0) lifted.push_back(number_tag(value.code, number));
     if (value.code == 25) {  // behind the grid, where later releases have them
-      add_point(lifted, 16, {points[3], points[4], points[5]});
-      add_point(lifted, 17, {points[0], points[1], points[2]});
+      add_xdata_point(lifted, 16, {points[3], points[4], points[5]});
+      add_xdata_point(lifted, 17, {points[0], points[1], points[2]});
     }
   }
   constexpr std::int64_t icon_at_origin = 32, fast_zoom = 128;
@@ -154,9 +154,9 @@ void lift_viewport(TagRecord& viewport, const std::map<std::string, Handle>& lay
   }
   lifted.push_back({90, icon_at_origin | fast_zoom});
   lifted.insert(lifted.end(), {{1, ""}, {281, std::int64_t{0}}, {74, std::int64_t{0}}});
-  add_point(lifted, 110, {0, 0, 0});
-  add_point(lifted, 111, {1, 0, 0});
-  add_point(lifted, 112, {0, 1, 0});
+  add_xdata_point(lifted, 110, {0, 0, 0});
+  add_xdata_point(lifted, 111, {1, 0, 0});
+  add_xdata_point(lifted, 112, {0, 1, 0});
   lifted.insert(lifted.end(), {{79, std::int64_t{0}}, {146, 0.0}});
   viewport.tags = std::move(lifted);
 }

@@ -9,7 +9,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr std::int64_t zero = 0;
+constexpr std::int64_t no_flags = 0;
 
 /// A table in its place, with the class of its rows and those that it must have.
 struct TableRule {
@@ -33,12 +33,12 @@ const std::vector<TableRule>& table_rules() {
 
 /// What a row has behind its name and flags.
 Tags standard_values(std::string_view table) {
-  if (table == "LTYPE") return {{3, ""}, {72, std::int64_t{65}}, {73, zero}, {40, 0.0}};
+  if (table == "LTYPE") return {{3, ""}, {72, std::int64_t{65}}, {73, no_flags}, {40, 0.0}};
   if (table == "LAYER") {
     return {{62, std::int64_t{7}}, {6, "Continuous"}, {370, std::int64_t{-3}}};
   }
   if (table == "STYLE") {
-    return {{40, 0.0}, {41, 1.0}, {50, 0.0}, {71, zero}, {42, 2.5}, {3, "txt"}, {4, ""}};
+    return {{40, 0.0}, {41, 1.0}, {50, 0.0}, {71, no_flags}, {42, 2.5}, {3, "txt"}, {4, ""}};
   }
   if (table != "VPORT") return {};
   return {{10, 0.0},
@@ -66,14 +66,14 @@ Tags standard_values(std::string_view table) {
           {44, 0.0},
           {50, 0.0},
           {51, 0.0},
-          {71, zero},
+          {71, no_flags},
           {72, std::int64_t{1000}},
           {73, std::int64_t{1}},
           {74, std::int64_t{3}},
-          {75, zero},
-          {76, zero},
-          {77, zero},
-          {78, zero}};
+          {75, no_flags},
+          {76, no_flags},
+          {77, no_flags},
+          {78, no_flags}};
 }
 
 class RequiredTables {
@@ -102,10 +102,11 @@ class RequiredTables {
 
  private:
   TagRecord new_head(std::string_view table) {
-    TagRecord head{"TABLE", drawing_.new_handle(), 0, {{100, "AcDbSymbolTable"}, {70, zero}}, {}};
+    TagRecord head{
+        "TABLE", drawing_.new_handle(), 0, {{100, "AcDbSymbolTable"}, {70, no_flags}}, {}};
     if (table == "DIMSTYLE") {
       head.tags.push_back({100, "AcDbDimStyleTable"});
-      head.tags.push_back({71, zero});
+      head.tags.push_back({71, no_flags});
     }
     return head;
   }
@@ -121,12 +122,14 @@ class RequiredTables {
       for (const TagRecord& row : table.rows) names.insert(folded_name(name_of(row)));
     }
     if (name.empty() || !names.insert(folded_name(name)).second) return;
-    TagRecord row{
-        std::string(rule.name),
-        drawing_.new_handle(),
-        table.head.handle,
-        {{100, "AcDbSymbolTableRecord"}, {100, std::string(rule.row_class)}, {2, name}, {70, zero}},
-        {}};
+    TagRecord row{std::string(rule.name),
+                  drawing_.new_handle(),
+                  table.head.handle,
+                  {{100, "AcDbSymbolTableRecord"},
+                   {100, std::string(rule.row_class)},
+                   {2, name},
+                   {70, no_flags}},
+                  {}};
     std::ranges::move(standard_values(rule.name), std::back_inserter(row.tags));
     table.rows.push_back(std::move(row));
   }

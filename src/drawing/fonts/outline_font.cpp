@@ -19,7 +19,7 @@ struct Close {
   void operator()(FT_Face face) const { FT_Done_Face(face); }
 };
 using Library = std::unique_ptr<FT_LibraryRec_, Close>;
-using Face = std::unique_ptr<FT_FaceRec_, Close>;
+using OutlineFace = std::unique_ptr<FT_FaceRec_, Close>;
 
 /// Takes an outline apart, curves by chords; in units of the font.
 class Chains {
@@ -70,7 +70,7 @@ std::vector<std::vector<Point>> outline_chains(FT_Outline& outline) {
 
 class OutlineFont final : public Font {
  public:
-  OutlineFont(Library library, Face face, std::string file, double capital)
+  OutlineFont(Library library, OutlineFace face, std::string file, double capital)
       : library_(std::move(library)), face_(std::move(face)), file_(std::move(file)) {
     const double em = face_->units_per_EM > 0 ? face_->units_per_EM : 1000;
     constexpr double usual = 0.7;
@@ -120,7 +120,7 @@ class OutlineFont final : public Font {
   }
 
   Library library_;
-  Face face_;
+  OutlineFace face_;
   std::string file_;
   double units_ = 1;  // of the font to a capital, as the font it stands for has it
   double high_ = 1;   // of the font to its own capital
@@ -136,7 +136,7 @@ FontPointer open_outline_font(const std::filesystem::path& file, double capital)
   Library owned_library(library);
   FT_Face face = nullptr;
   if (FT_New_Face(library, file.string().c_str(), 0, &face) != 0) return nullptr;
-  Face owned_face(face);
+  OutlineFace owned_face(face);
   if (!FT_IS_SCALABLE(face)) return nullptr;
   return std::make_shared<OutlineFont>(std::move(owned_library), std::move(owned_face),
                                        file.string(), capital);

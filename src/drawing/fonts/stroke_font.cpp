@@ -13,7 +13,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double capital = 21;
+constexpr double capital_height = 21;
 
 struct Measures {
   double advance, right, top, bottom;
@@ -22,7 +22,7 @@ struct Measures {
 // clang-format off
 /// From the blank (32) to the tilde (126), on Hershey's grid. A character begins with its leftmost
 /// stroke. The blank, T, V, Y and t stand wider than Hershey has them, as drafting programs do.
-constexpr std::int8_t simplex[][4] = {
+constexpr std::int8_t simplex_table[][4] = {
     // blank ! " # $ % & ' ( ) * + , - . /
     {19, 0, 0, 0},    {10, 2, 21, 0},   {16, 8, 21, 0},   {21, 15, 25, 7},  {20, 14, 25, 4},  {24, 18, 21, 0},
     {26, 21, 21, 0},  {10, 2, 21, 0},   {14, 7, 25, 7},   {14, 7, 25, 7},   {16, 10, 15, 0},  {26, 18, 18, 0},
@@ -51,7 +51,7 @@ constexpr std::int8_t simplex[][4] = {
     {14, 5, 25, 7},   {8, 0, 25, 7},    {14, 5, 25, 7},   {24, 18, 12, 0},
 };
 // clang-format on
-static_assert(std::size(simplex) == 127 - 32);
+static_assert(std::size(simplex_table) == 127 - 32);
 
 constexpr Measures any_letter{20, 14, 21, 0}, square{34, 32, 21, 2}, degree{14, 6, 21, 0},
     plus_minus{26, 18, 21, 0};
@@ -59,7 +59,7 @@ constexpr Measures any_letter{20, 14, 21, 0}, square{34, 32, 21, 2}, degree{14, 
 /// Without ASCII characters that draw nothing, and blanks.
 Measures simplex_measures(char32_t c) {
   if (c > 32 && c < 127) {
-    const auto& row = simplex[c - 32];
+    const auto& row = simplex_table[c - 32];
     return {double(row[0]), double(row[1]), double(row[2]), double(row[3])};
   }
   if (c == 0xB0) return degree;
@@ -67,7 +67,7 @@ Measures simplex_measures(char32_t c) {
   if (is_wide(c)) return square;
   if (c < 0xC0 || c > 0xFF) return any_letter;
   Measures letter = simplex_measures(base_letter(c));
-  letter.top = capital;
+  letter.top = capital_height;
   return letter;
 }
 
@@ -75,9 +75,10 @@ bool any_of(std::string_view set, char32_t c) {
   return c < 127 && set.find(static_cast<char>(c)) != set.npos;
 }
 
-/// A capital is 6 units high and 4 wide, small letters are 4 high, 2 units are between letters.
+/// A capital is 6 units high and 4 wide, small letters are 4 high, 2 units are between
+/// letters.
 Measures txt_measures(char32_t c) {
-  constexpr double unit = capital / 6;
+  constexpr double unit = capital_height / 6;
   Measures m = simplex_measures(c);
   if (is_wide(c)) return m;
   m.right = 4 * unit;
@@ -89,7 +90,7 @@ Measures txt_measures(char32_t c) {
 
 Measures monotxt_measures(char32_t c) {
   Measures m = txt_measures(c);
-  if (!is_wide(c)) m.advance = capital;
+  if (!is_wide(c)) m.advance = capital_height;
   return m;
 }
 
@@ -111,13 +112,16 @@ struct Letters {
   double blank;
   Measures (*measures)(char32_t);
 };
-constexpr std::array known{
-    Letters{"txt", capital, txt_measures},      Letters{"monotxt", capital, monotxt_measures},
-    Letters{"isocp", 16, iso_measures},         Letters{"isocpeur", 16, iso_measures},
-    Letters{"isocp2", 16, iso_measures},        Letters{"isocp3", 16, iso_measures},
-    Letters{"isoct", 16, iso_measures},         Letters{"isocteur", 16, iso_measures},
-    Letters{"gdt", simplex[0][0], gdt_measures}};
-constexpr Letters otherwise{"simplex", simplex[0][0], simplex_measures};
+constexpr std::array known{Letters{"txt", capital_height, txt_measures},
+                           Letters{"monotxt", capital_height, monotxt_measures},
+                           Letters{"isocp", 16, iso_measures},
+                           Letters{"isocpeur", 16, iso_measures},
+                           Letters{"isocp2", 16, iso_measures},
+                           Letters{"isocp3", 16, iso_measures},
+                           Letters{"isoct", 16, iso_measures},
+                           Letters{"isocteur", 16, iso_measures},
+                           Letters{"gdt", simplex_table[0][0], gdt_measures}};
+constexpr Letters otherwise{"simplex", simplex_table[0][0], simplex_measures};
 
 class StrokeFont final : public Font {
  public:
@@ -126,11 +130,12 @@ class StrokeFont final : public Font {
   Glyph glyph(char32_t c) const override {
     if (is_blank(c)) {
       const double advance = is_wide(c) ? square.advance : letters_.blank;
-      return {advance / capital, 0, 0, 0, 0, false};
+      return {advance / capital_height, 0, 0, 0, 0, false};
     }
     if (is_weightless(c)) return {0, 0, 0, 0, 0, false};
     const Measures m = letters_.measures(c);
-    return {m.advance / capital, 0, m.right / capital, m.top / capital, m.bottom / capital};
+    return {m.advance / capital_height, 0, m.right / capital_height, m.top / capital_height,
+            m.bottom / capital_height};
   }
   /// The simplex letter, drawn as wide as this font has it.
   GlyphShape shape(char32_t c) const override {
@@ -149,7 +154,7 @@ class StrokeFont final : public Font {
     }
     return scaled(strokes, width > 0 ? measured.right / width : 1);
   }
-  double descent() const override { return 7 / capital; }
+  double descent() const override { return 7 / capital_height; }
   bool aligns_by_advance() const override { return false; }
 
  private:
@@ -163,7 +168,7 @@ class StrokeFont final : public Font {
   static GlyphShape scaled(const Strokes& strokes, double wide) {
     GlyphShape shape{strokes};
     for (auto& stroke : shape.chains) {
-      for (Point& p : stroke) p = {p.x * wide / capital, p.y / capital, 0};
+      for (Point& p : stroke) p = {p.x * wide / capital_height, p.y / capital_height, 0};
     }
     return shape;
   }

@@ -8,7 +8,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double tolerance = 1e-9;
+constexpr double nearly_zero = 1e-9;
 
 double cross_z(Point a, Point b) { return a.x * b.y - a.y * b.x; }
 
@@ -63,7 +63,7 @@ std::optional<Piece> round_piece(const BulgeVertex& from, const BulgeVertex& to,
   piece.size = arc.sweep;
   piece.center = arc.center;
   piece.radius = arc.radius + std::copysign(distance, distance * arc.sweep);
-  if (!(piece.radius > tolerance * arc.radius)) return std::nullopt;
+  if (!(piece.radius > nearly_zero * arc.radius)) return std::nullopt;
   const double scale = piece.radius / arc.radius;
   piece.start = arc.center + (Point{from.x, from.y, 0} - arc.center) * scale;
   piece.end = arc.center + (Point{to.x, to.y, 0} - arc.center) * scale;
@@ -93,7 +93,7 @@ using Meetings = std::vector<Point>;
 
 Meetings straight_meetings(const Piece& a, const Piece& b) {
   const double turn = cross_z(a.way, b.way);
-  if (std::abs(turn) < tolerance) return {};
+  if (std::abs(turn) < nearly_zero) return {};
   return {a.start + a.way * (cross_z(b.start - a.start, b.way) / turn)};
 }
 
@@ -102,7 +102,7 @@ Meetings line_meetings(Point on, Point way, Point center, double radius) {
   const Point foot = on + way * dot(center - on, way);
   const double away = norm(center - foot);
   const double half_squared = (radius - away) * (radius + away);
-  if (half_squared < -tolerance * radius * radius) return {};
+  if (half_squared < -nearly_zero * radius * radius) return {};
   const Point half = way * std::sqrt(std::max(half_squared, 0.0));
   return {foot - half, foot + half};
 }
@@ -110,7 +110,7 @@ Meetings line_meetings(Point on, Point way, Point center, double radius) {
 Meetings circle_meetings(const Piece& a, const Piece& b) {
   const Point between = b.center - a.center;
   const double apart = norm(between);
-  if (!(apart > tolerance * (a.radius + b.radius))) return {};
+  if (!(apart > nearly_zero * (a.radius + b.radius))) return {};
   // Both circles cut the line that is square to the line of their centres at this distance.
   const double along = (apart + (a.radius - b.radius) * (a.radius + b.radius) / apart) / 2;
   const Point way = between * (1 / apart);
@@ -128,7 +128,7 @@ Meetings meetings(const Piece& a, const Piece& b) {
 bool join(Piece& a, Piece& b, double distance) {
   a.last = a.end;
   b.first = b.start;
-  if (norm(a.end - b.start) <= tolerance * std::abs(distance)) return true;
+  if (norm(a.end - b.start) <= nearly_zero * std::abs(distance)) return true;
   const Point middle = (a.end + b.start) * 0.5;
   const Meetings found = meetings(a, b);
   const auto away = [&](Point p) { return norm(p - middle); };
@@ -153,7 +153,7 @@ bool fit(std::vector<Piece>& pieces, bool closed, double distance) {
   while (pieces.size() > (closed ? 1U : 0U)) {
     if (!join_all(pieces, closed, distance)) return false;
     const auto least = std::ranges::min_element(pieces, {}, room);
-    if (room(*least) > tolerance) return true;
+    if (room(*least) > nearly_zero) return true;
     const auto next = pieces.erase(least);
     if (next != pieces.end()) {
       next->beside_gap = true;
@@ -175,7 +175,7 @@ std::vector<BulgeVertex> vertices_of(const std::vector<Piece>& pieces, bool clos
     vertices.push_back(vertex);
     const bool is_end = !closed && i + 1 == pieces.size();
     const Point next = pieces[(i + 1) % pieces.size()].first;
-    if (!is_end && norm(next - piece.last) <= tolerance * (1 + norm(next))) continue;
+    if (!is_end && norm(next - piece.last) <= nearly_zero * (1 + norm(next))) continue;
     const double width = piece.from.end_width;
     vertices.push_back({piece.last.x, piece.last.y, width, width});
   }

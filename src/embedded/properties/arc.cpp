@@ -7,7 +7,7 @@ namespace {
 
 using drawing::Arc;
 
-constexpr std::array rows{
+constexpr std::array arc_rows{
     Property<Arc>{Member::ArcLength, [](const Arc& arc) -> Value { return length(arc); }},
     Property<Arc>{Member::TotalAngle, [](const Arc& arc) -> Value { return total_angle(arc); }},
     Property<Arc>{Member::Area, [](const Arc& arc) -> Value { return area(arc); }},
@@ -19,6 +19,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<Arc>> properties(const Arc&) { return rows; }
+std::span<const Property<Arc>> properties(const Arc&) { return arc_rows; }
 
 }  // namespace velmar::embedded

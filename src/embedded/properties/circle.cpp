@@ -16,7 +16,7 @@ double positive(const Value& value) {
   return number;
 }
 
-constexpr std::array rows{
+constexpr std::array circle_rows{
     Property<Circle>{
         Member::Diameter, [](const Circle& circle) -> Value { return 2 * circle.radius; },
         [](Circle& circle, const Value& value) { circle.radius = positive(value) / 2; }},
@@ -33,6 +33,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<Circle>> properties(const Circle&) { return rows; }
+std::span<const Property<Circle>> properties(const Circle&) { return circle_rows; }
 
 }  // namespace velmar::embedded

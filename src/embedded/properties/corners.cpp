@@ -56,24 +56,24 @@ Value put_coordinate(Kind& kind, Arguments& arguments) {
 }
 
 template <class Kind>
-constexpr std::array property_rows{
+constexpr std::array corner_properties{
     Property<Kind>{Member::Coordinates, coordinates<Kind>, put_coordinates<Kind>},
 };
 template <class Kind>
-constexpr std::array method_rows{
+constexpr std::array corner_methods{
     Method<Kind>{Member::Coordinate, Effect::reads, 1, 1, coordinate<Kind>},
     Method<Kind>{Member::Coordinate, Effect::changes, 2, 2, put_coordinate<Kind>},
 };
 
 }  // namespace
 
-std::span<const Property<Solid>> properties(const Solid&) { return property_rows<Solid>; }
-std::span<const Property<Trace>> properties(const Trace&) { return property_rows<Trace>; }
-std::span<const Property<Face>> properties(const Face&) { return property_rows<Face>; }
-std::span<const Property<Leader>> properties(const Leader&) { return property_rows<Leader>; }
-std::span<const Method<Solid>> methods(const Solid&) { return method_rows<Solid>; }
-std::span<const Method<Trace>> methods(const Trace&) { return method_rows<Trace>; }
-std::span<const Method<Face>> methods(const Face&) { return method_rows<Face>; }
-std::span<const Method<Leader>> methods(const Leader&) { return method_rows<Leader>; }
+std::span<const Property<Solid>> properties(const Solid&) { return corner_properties<Solid>; }
+std::span<const Property<Trace>> properties(const Trace&) { return corner_properties<Trace>; }
+std::span<const Property<Face>> properties(const Face&) { return corner_properties<Face>; }
+std::span<const Property<Leader>> properties(const Leader&) { return corner_properties<Leader>; }
+std::span<const Method<Solid>> methods(const Solid&) { return corner_methods<Solid>; }
+std::span<const Method<Trace>> methods(const Trace&) { return corner_methods<Trace>; }
+std::span<const Method<Face>> methods(const Face&) { return corner_methods<Face>; }
+std::span<const Method<Leader>> methods(const Leader&) { return corner_methods<Leader>; }
 
 }  // namespace velmar::embedded

@@ -31,7 +31,7 @@ void put_radii(Ellipse& ellipse, double major, double minor) {
   ellipse.ratio = ratio;
 }
 
-constexpr std::array rows{
+constexpr std::array ellipse_rows{
     Property<Ellipse>{Member::MajorAxis,
                       [](const Ellipse& ellipse) -> Value { return to_value(ellipse.major_axis); },
                       put_major_axis},
@@ -75,6 +75,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<Ellipse>> properties(const Ellipse&) { return rows; }
+std::span<const Property<Ellipse>> properties(const Ellipse&) { return ellipse_rows; }
 
 }  // namespace velmar::embedded

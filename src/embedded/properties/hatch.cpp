@@ -90,7 +90,7 @@ void put_object_type(Hatch& hatch, const Value& value) {
 
 void put_elevation(Hatch& hatch, const Value& value) { hatch.elevation_point.z = to_number(value); }
 
-constexpr std::array rows{
+constexpr std::array hatch_rows{
     Property<Hatch>{Member::PatternName, [](const Hatch& hatch) -> Value { return hatch.pattern; }},
     Property<Hatch>{Member::PatternType,
                     [](const Hatch& hatch) -> Value { return hatch.pattern_type; }},
@@ -121,6 +121,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<Hatch>> properties(const Hatch&) { return rows; }
+std::span<const Property<Hatch>> properties(const Hatch&) { return hatch_rows; }
 
 }  // namespace velmar::embedded

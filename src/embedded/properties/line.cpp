@@ -9,7 +9,7 @@ namespace {
 
 using drawing::Line;
 
-constexpr std::array rows{
+constexpr std::array line_rows{
     Property<Line>{Member::Length, [](const Line& line) -> Value { return length(line); }},
     Property<Line>{Member::Delta,
                    [](const Line& line) -> Value { return to_value(line.end - line.start); }},
@@ -22,6 +22,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<Line>> properties(const Line&) { return rows; }
+std::span<const Property<Line>> properties(const Line&) { return line_rows; }
 
 }  // namespace velmar::embedded

@@ -120,7 +120,7 @@ Value set_width(LwPolyline& polyline, Arguments& arguments) {
   return {};
 }
 
-constexpr std::array property_rows{
+constexpr std::array lwpolyline_properties{
     Property<LwPolyline>{Member::Coordinates, coordinates, put_coordinates},
     Property<LwPolyline>{Member::Closed,
                          [](const LwPolyline& polyline) -> Value { return polyline.closed(); },
@@ -132,7 +132,7 @@ constexpr std::array property_rows{
                          [](const LwPolyline& polyline) -> Value { return length(polyline); }},
 };
 
-constexpr std::array method_rows{
+constexpr std::array lwpolyline_methods{
     Method<LwPolyline>{Member::AddVertex, Effect::changes, 2, 2, add_vertex},
     Method<LwPolyline>{Member::Coordinate, Effect::reads, 1, 1, coordinate},
     Method<LwPolyline>{Member::Coordinate, Effect::changes, 2, 2, put_coordinate},
@@ -144,7 +144,9 @@ constexpr std::array method_rows{
 
 }  // namespace
 
-std::span<const Property<LwPolyline>> properties(const LwPolyline&) { return property_rows; }
-std::span<const Method<LwPolyline>> methods(const LwPolyline&) { return method_rows; }
+std::span<const Property<LwPolyline>> properties(const LwPolyline&) {
+  return lwpolyline_properties;
+}
+std::span<const Method<LwPolyline>> methods(const LwPolyline&) { return lwpolyline_methods; }
 
 }  // namespace velmar::embedded

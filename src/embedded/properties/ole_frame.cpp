@@ -13,7 +13,7 @@ void put_insertion_point(OleFrame& frame, const Value& value) {
   transform(frame, drawing::translation(to - place(frame).upper_left));
 }
 
-constexpr std::array rows{
+constexpr std::array ole_frame_rows{
     Property<OleFrame>{Member::InsertionPoint,
                        [](const OleFrame& frame) { return to_value(place(frame).upper_left); },
                        put_insertion_point},
@@ -31,6 +31,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<OleFrame>> properties(const OleFrame&) { return rows; }
+std::span<const Property<OleFrame>> properties(const OleFrame&) { return ole_frame_rows; }
 
 }  // namespace velmar::embedded

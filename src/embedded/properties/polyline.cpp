@@ -169,7 +169,7 @@ Value set_width(Polyline& polyline, Arguments& arguments) {
   return {};
 }
 
-constexpr std::array property_rows{
+constexpr std::array polyline_properties{
     Property<Polyline>{Member::Coordinates, coordinates, put_coordinates},
     Property<Polyline>{Member::Closed,
                        [](const Polyline& polyline) -> Value { return polyline.closed(); },
@@ -184,7 +184,7 @@ constexpr std::array property_rows{
                        [](const Polyline& polyline) -> Value { return length(polyline); }},
 };
 
-constexpr std::array method_rows{
+constexpr std::array polyline_methods{
     Method<Polyline>{Member::AppendVertex, Effect::changes, 1, 1, append_vertex},
     Method<Polyline>{Member::Coordinate, Effect::reads, 1, 1, coordinate},
     Method<Polyline>{Member::Coordinate, Effect::changes, 2, 2, put_coordinate},
@@ -196,8 +196,8 @@ constexpr std::array method_rows{
 
 }  // namespace
 
-std::span<const Property<Polyline>> properties(const Polyline&) { return property_rows; }
-std::span<const Method<Polyline>> methods(const Polyline&) { return method_rows; }
+std::span<const Property<Polyline>> properties(const Polyline&) { return polyline_properties; }
+std::span<const Method<Polyline>> methods(const Polyline&) { return polyline_methods; }
 
 bool hides(const Polyline& polyline, Member member) {
   const bool is_mesh = (polyline.flags & (Polyline::mesh_flag | Polyline::polyface_flag)) != 0;

@@ -29,7 +29,7 @@ void put_second_point(Ray& ray, const Value& value) {
 }
 
 template <class Kind>
-constexpr std::array rows{
+constexpr std::array ray_rows{
     Property<Kind>{Member::DirectionVector, [](const Kind& line) { return direction(line); },
                    [](Kind& line, const Value& value) { put_direction(line, value); }},
     Property<Kind>{Member::SecondPoint, [](const Kind& line) { return second_point(line); },
@@ -38,7 +38,7 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<Ray>> properties(const Ray&) { return rows<Ray>; }
-std::span<const Property<Xline>> properties(const Xline&) { return rows<Xline>; }
+std::span<const Property<Ray>> properties(const Ray&) { return ray_rows<Ray>; }
+std::span<const Property<Xline>> properties(const Xline&) { return ray_rows<Xline>; }
 
 }  // namespace velmar::embedded

@@ -13,7 +13,7 @@ Value known(std::optional<double> size, const Region& region, std::string_view w
   throw not_supported(std::string(what) + " of REGION (" + why_unknown(region) + ")");
 }
 
-constexpr std::array rows{
+constexpr std::array region_rows{
     Property<Region>{Member::Area,
                      [](const Region& region) { return known(area(region), region, "Area"); }},
     Property<Region>{
@@ -23,6 +23,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const Property<Region>> properties(const Region&) { return rows; }
+std::span<const Property<Region>> properties(const Region&) { return region_rows; }
 
 }  // namespace velmar::embedded

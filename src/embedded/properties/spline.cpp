@@ -52,7 +52,7 @@ Value has_flag(const Spline& spline) {
   return (spline.flags & flag) != 0;
 }
 
-constexpr std::array property_rows{
+constexpr std::array spline_properties{
     Property<Spline>{Member::ControlPoints,
                      [](const Spline& spline) { return to_value(spline.control_points); },
                      put_control_points},
@@ -73,7 +73,7 @@ constexpr std::array property_rows{
     Property<Spline>{Member::Area, [](const Spline& spline) -> Value { return area(spline); }},
 };
 
-constexpr std::array method_rows{
+constexpr std::array spline_methods{
     Method<Spline>{Member::GetControlPoint, Effect::reads, 1, 1, get_control_point},
     Method<Spline>{Member::SetControlPoint, Effect::changes, 2, 2, set_control_point},
     Method<Spline>{Member::GetFitPoint, Effect::reads, 1, 1, get_fit_point},
@@ -81,8 +81,8 @@ constexpr std::array method_rows{
 
 }  // namespace
 
-std::span<const Property<Spline>> properties(const Spline&) { return property_rows; }
-std::span<const Method<Spline>> methods(const Spline&) { return method_rows; }
+std::span<const Property<Spline>> properties(const Spline&) { return spline_properties; }
+std::span<const Method<Spline>> methods(const Spline&) { return spline_methods; }
 
 bool hides(const Spline&, Member member) { return member == Member::Normal; }
 
