@@ -245,6 +245,10 @@ Common Drawing::read_common(RecordId id) const {
 
 std::string Drawing::read_linetype_name(RecordId id) const {
   constexpr int linetype_code = 6;
+  constexpr std::size_t ahead = 3;  // who walks will ask for these soon
+  if (const std::size_t next = index(id) + ahead; next < store_->records.size()) {
+    prefetch(static_cast<RecordId>(next));
+  }
   const auto found = text_in_subclass(*store_, id, "AcDbEntity", linetype_code);
   if (!found) return read_common(id).linetype;
   return found->value_or(Common().linetype);

@@ -47,7 +47,7 @@ std::string require_row(const Drawing& drawing, std::string_view table, std::str
   return *found;
 }
 
-std::string linetype_spelling(const std::string& name) {
+std::string linetype_spelling(std::string name) {
   if (name == "ByLayer") return name;  // that of most entities
   for (const std::string_view own : {"Continuous", "ByLayer", "ByBlock"}) {
     if (equal_ignoring_case(own, name)) return std::string(own);

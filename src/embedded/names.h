@@ -24,7 +24,7 @@ std::string require_row(const drawing::Drawing& drawing, std::string_view table,
 /// undefined linetype.
 enum class LinetypeOf { entity, layer };
 /// ByLayer, ByBlock and Continuous as the host spells them, other names as they are.
-std::string linetype_spelling(const std::string& name);
+std::string linetype_spelling(std::string name);
 std::string require_linetype(const drawing::Drawing& drawing, const std::string& name, LinetypeOf);
 /// The name of a block definition; otherwise key not found.
 std::string require_block(const drawing::Drawing& drawing, std::string_view name);
