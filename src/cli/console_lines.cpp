@@ -6,11 +6,6 @@
 #include "cli/printable.h"
 
 namespace velmar::cli {
-namespace {
-
-constexpr std::string_view escape = "^C";
-
-}  // namespace
 
 void Screen::say(std::string_view text) {
   std::string shown = basic::replace(text, "\r", "");
@@ -49,7 +44,7 @@ std::optional<std::string> ConsoleLines::answer(const std::string& prompt,
   if (!question.ends_with(' ')) question += ' ';
   Typed typed = editor_.read(question, complete);
   is_gone_ = is_gone_ || typed.end == TypedEnd::gone;
-  if (typed.end != TypedEnd::entered || typed.line == escape) return std::nullopt;
+  if (typed.end != TypedEnd::entered || typed.line == cancel_mark) return std::nullopt;
   return std::move(typed.line);
 }
 

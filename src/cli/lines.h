@@ -2,9 +2,13 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmar::cli {
+
+/// An answer that cancels the question.
+inline constexpr std::string_view cancel_mark = "^C";
 
 /// Where command lines and the answers between them come from: a script, or a user at a terminal.
 class Lines {

@@ -10,8 +10,6 @@
 namespace velmar::cli {
 namespace {
 
-constexpr std::string_view cancel_mark = "^C";
-
 bool is_comment(const std::string& line) {
   const std::size_t first = line.find_first_not_of(" \t");
   return first != line.npos && line[first] == ';';

@@ -10,6 +10,7 @@
 
 #include "drawing/convert/conversion.h"
 #include "drawing/dimension/variables.h"
+#include "drawing/entities/kept_dimension.h"
 #include "drawing/entities/layer_row.h"
 #include "drawing/entities/linetype_row.h"
 #include "drawing/entities/text_style.h"
@@ -220,6 +221,10 @@ class Drawing {
   void write(RecordId id, const Entity& entity);
   void write_common(RecordId id, const Common& common);
   void write_body(RecordId id, const Body& body);
+  /// Of an arc length or jogged radius dimension.
+  KeptDimension read_kept_dimension(RecordId id) const;
+  /// The picture that the record has of the old values goes.
+  void write_kept_dimension(RecordId id, const KeptDimension& dimension);
   /// Adds at the end of a space. An ATTRIB cannot be added alone.
   RecordId add(SpaceId space, const Entity& entity);
   /// A block reference with these attributes (each an Attrib) at the end of a space.

@@ -2,16 +2,19 @@
 
 #include <algorithm>
 
+#include "drawing/dimension/drawn_kinds.h"
+
 namespace velmar::drawing {
 
 std::size_t DrawnCount::of_entity(RecordId id, int depth) {
   const Kind kind = drawing_.record(id).kind;
-  if (kind != Kind::insert && kind != Kind::dimension) return 1;
+  if (kind != Kind::insert && !shows_drawn_block(kind)) return 1;
   const Body body = drawing_.read_body(id);
   const auto* const insert = std::get_if<Insert>(&body);
   const auto* const dimension = std::get_if<Dimension>(&body);
-  const std::string* const name = insert ? &insert->block : dimension ? &dimension->block : nullptr;
-  const auto block = name ? drawing_.find_space(*name) : std::nullopt;
+  const auto block = drawing_.find_space(insert      ? insert->block
+                                         : dimension ? dimension->block
+                                                     : drawing_.read_kept_dimension(id).block);
   if (!block || depth >= bounds_.deepest) return 1;
   const auto cells = [&](int count) {
     return static_cast<double>(std::clamp(count, 1, bounds_.in_a_row));

@@ -287,6 +287,18 @@ void Drawing::write_common(RecordId id, const Common& common) {
   follow_common(*store_, id, common);
 }
 
+KeptDimension Drawing::read_kept_dimension(RecordId id) const {
+  KeptDimension dimension;
+  dimension.is_of_arc = store_->at(id).kind == Kind::arc_dimension;
+  read_record(*store_, id, dimension);
+  return dimension;
+}
+
+void Drawing::write_kept_dimension(RecordId id, const KeptDimension& dimension) {
+  if (!write_record(*store_, id, State::complete, dimension)) return;
+  store_->patch(id, dxf::without_preview(store_->bytes(id), store_->format));
+}
+
 void Drawing::write_body(RecordId id, const Body& body) {
   if (body.index() != empty_body(store_->at(id).kind).index()) {
     throw Error(store_->where(id, 0) + ": cannot become an entity of another kind");

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "drawing/dimension/drawn_block.h"
+#include "drawing/dimension/drawn_kinds.h"
 #include "drawing/drawn_count.h"
 #include "drawing/explode.h"
 #include "drawing/geometry/ocs.h"
@@ -29,6 +30,10 @@ class Walk {
     if (depth == 0) start_ = id;
     if (++visits_ == short_walk) check_whole_walk();
     if (visits_ > most_visits) throw too_many();
+    if (is_kept_dimension(drawing_.record(id).kind)) {
+      const KeptDimension dimension = drawing_.read_kept_dimension(id);
+      if (shown(id, dimension, place, depth)) return;
+    }
     Body body = drawing_.read(id).body;
     if (const auto* insert = std::get_if<Insert>(&body))
       return reference(id, *insert, place, depth);
@@ -41,18 +46,22 @@ class Walk {
  private:
   /// What a dimension shows: its block, else what it would.
   void drawn(RecordId id, const Dimension& dimension, const Matrix& place, int depth) {
-    const auto block = drawing_.find_space(dimension.block);
-    if (!block || drawing_.spaces()[index(*block)].is_layout) {
-      for (const Entity& part : drawn_content(drawing_, id)) {
-        for (const Body& image : images(part.body, place)) std::visit(visitor_, image);
-      }
-      return;
+    if (shown(id, dimension, place, depth)) return;
+    for (const Entity& part : drawn_content(drawing_, id)) {
+      for (const Body& image : images(part.body, place)) std::visit(visitor_, image);
     }
+  }
+
+  /// What the block of a dimension holds; false where it has none.
+  bool shown(RecordId id, const auto& dimension, const Matrix& place, int depth) {
+    const auto block = drawing_.find_space(dimension.block);
+    if (!block || drawing_.spaces()[index(*block)].is_layout) return false;
     const Point offset = ocs_to_world(dimension.normal).direction(dimension.block_offset);
     const Matrix here = place * translation(offset);
     enter(id, *block, depth);
     for (const RecordId inner : drawing_.entities(*block)) entity(inner, here, true, depth + 1);
     within_.pop_back();
+    return true;
   }
 
   void reference(RecordId id, const Insert& insert, const Matrix& place, int depth) {

@@ -114,8 +114,23 @@ constexpr std::array dimension_property_rows{
                    put_normal},
 };
 
+drawing::KeptDimension kept(const EntityObject& entity) {
+  return entity.drawing().read_kept_dimension(entity.id());
+}
+
+constexpr std::array kept_dimension_rows{
+    EntityProperty{Member::Measurement,
+                   [](const EntityObject& e) -> Value { return kept(e).measured; }},
+    EntityProperty{Member::TextPosition,
+                   [](const EntityObject& e) -> Value {
+                     const drawing::KeptDimension it = kept(e);
+                     return to_value(drawing::ocs_to_world(it.normal)(it.text_position));
+                   }},
+};
+
 }  // namespace
 
 std::span<const EntityProperty> dimension_properties() { return dimension_property_rows; }
+std::span<const EntityProperty> kept_dimension_properties() { return kept_dimension_rows; }
 
 }  // namespace velmar::embedded

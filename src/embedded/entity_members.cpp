@@ -1,5 +1,7 @@
 #include "embedded/entity_members.h"
 
+#include "drawing/dimension/drawn_kinds.h"
+
 namespace velmar::embedded {
 namespace {
 
@@ -17,6 +19,7 @@ const EntityProperty* find_entity_property(Kind kind, Member member) {
   if (kind == Kind::tolerance) return find_row(tolerance_properties(), member);
   if (kind == Kind::hatch) return find_row(hatch_properties(), member);
   if (kind == Kind::dimension) return find_row(dimension_properties(), member);
+  if (drawing::is_kept_dimension(kind)) return find_row(kept_dimension_properties(), member);
   return kind == Kind::insert ? find_row(reference_properties(), member) : nullptr;
 }
 

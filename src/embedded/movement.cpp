@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "drawing/dimension/drawn_block.h"
+#include "drawing/dimension/drawn_kinds.h"
 #include "embedded/entity_members.h"
 #include "embedded/errors.h"
 
@@ -91,6 +92,9 @@ void transform_entity(EntityObject& entity, const Matrix& matrix, Member what) {
   drawing::Drawing& drawing = entity.drawing();
   if (entity.record().kind == drawing::Kind::dimension) {
     return transform_dimension(drawing, entity.id(), matrix);
+  }
+  if (drawing::is_kept_dimension(entity.record().kind) && drawing::keeps_measures(matrix)) {
+    return transform_kept_dimension(drawing, entity.id(), matrix);
   }
   std::vector<std::pair<RecordId, drawing::Body>> moved{{entity.id(), entity.body()}};
   if (std::holds_alternative<drawing::Insert>(moved.front().second)) {

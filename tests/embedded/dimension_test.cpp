@@ -1,3 +1,4 @@
+#include <cmath>
 #include <filesystem>
 #include <numbers>
 
@@ -376,6 +377,41 @@ TEST(SendCommand, EndsACommandAtWhatItCannotRead) {
   scene.send("IMPORT\n");
   EXPECT_EQ(scene.said().back(), "\r\nUnknown command \"IMPORTIMPORT\".  Press F1 for help.");
   EXPECT_EQ(scene.count(), before);
+}
+
+TEST(KeptDimensions, GoWithTheirBlocksAndAreNotScaled) {
+  const auto file = std::filesystem::path(VELMAR_CORPUS) / "ezdxf/uncommon.dxf";
+  for (const std::string handle : {"3F6", "37C"}) {
+    const EntityScene scene{Drawing::open(file)};
+    const RecordId id = scene.document->drawing.find(drawing::parse_handle(handle));
+    const Value length = scene.get(handle, Member::Measurement);
+    const Value text = scene.get(handle, Member::TextPosition);
+    const Box before = *drawing::extents(scene.document->drawing, id);
+    scene.call(handle, Member::Move, at(1, 2), at(11, 7));
+    const EntityScene moved = scene.saved();
+    const Box after = *drawing::extents(moved.document->drawing, id);
+    expect_box(after, before.min + drawing::Point{10, 5, 0}, before.max + drawing::Point{10, 5, 0});
+    moved.call(handle, Member::Rotate, at(10, 5), pi / 2);
+    moved.call(handle, Member::Move, at(10, 5), at(0, 0));
+
+    const EntityScene turned = moved.saved();
+    const Box now = *drawing::extents(turned.document->drawing, id);
+    expect_box(now, {-before.max.y, before.min.x, 0}, {-before.min.y, before.max.x, 0});
+    expect_value(turned.get(handle, Member::Measurement), length, handle);
+    const auto& at_text = *text.if_is<basic::Doubles>();
+    expect_value(turned.get(handle, Member::TextPosition), at(-at_text[1], at_text[0]), handle);
+    EXPECT_TRUE(turned.document->drawing.broken_references().empty());
+    for (const drawing::TagValue& tag : turned.document->drawing.tags(id)) EXPECT_NE(tag.code, 310);
+    EXPECT_EQ(failure_of([&] { turned.call(handle, Member::ScaleEntity, at(0, 0), 2.0); }),
+              no_such_action);
+  }
+  const EntityScene scene{Drawing::open(file)};
+  const RecordId arc = scene.document->drawing.find(0x3F6);
+  const drawing::KeptDimension before = scene.document->drawing.read_kept_dimension(arc);
+  scene.call("3F6", Member::Rotate, at(0, 0), pi / 2);
+  const drawing::KeptDimension after = scene.document->drawing.read_kept_dimension(arc);
+  EXPECT_NEAR(std::remainder(after.start_angle - before.start_angle - pi / 2, 2 * pi), 0, 1e-9);
+  EXPECT_NEAR(after.third.x, -before.third.y, 1e-9);
 }
 
 }  // namespace

@@ -16,8 +16,8 @@ Dimension dimension_of(const Drawing& drawing, RecordId id) {
   return std::get<Dimension>(drawing.read_body(id));
 }
 
-std::optional<SpaceId> block_of(const Drawing& drawing, const Dimension& dimension) {
-  const auto found = drawing.find_space(dimension.block);
+std::optional<SpaceId> block_of(const Drawing& drawing, const std::string& name) {
+  const auto found = drawing.find_space(name);
   const bool is_sheet = found && drawing.spaces()[index(*found)].is_layout;
   return is_sheet ? std::nullopt : found;
 }
@@ -27,15 +27,21 @@ bool can_be_redrawn(const Space& space) {
   return space.name.starts_with('*') && space.endblk != RecordId::none;
 }
 
-/// The block of the dimension, if no other shows the same; otherwise a new one.
-SpaceId own_block(Drawing& drawing, Dimension& dimension) {
-  const auto present = block_of(drawing, dimension);
+/// The block of that name, if no other shows the same; otherwise a new one, whose name it gets.
+SpaceId own_block(Drawing& drawing, std::string& name) {
+  const auto present = block_of(drawing, name);
   const bool is_usable = present && can_be_redrawn(drawing.spaces()[index(*present)]);
   if (is_usable && !drawing.is_drawn_by_several(*present)) return *present;
   const SpaceId added = drawing.add_drawn_block();
-  dimension.block = drawing.spaces()[index(added)].name;
-  dimension.flags |= Dimension::own_block_flag;
+  name = drawing.spaces()[index(added)].name;
   return added;
+}
+
+SpaceId own_block(Drawing& drawing, Dimension& dimension) {
+  const std::string before = dimension.block;
+  const SpaceId own = own_block(drawing, dimension.block);
+  if (dimension.block != before) dimension.flags |= Dimension::own_block_flag;
+  return own;
 }
 
 void require_layer_of_points(Drawing& drawing) {
@@ -74,17 +80,17 @@ bool is_shift(const Matrix& matrix) {
   return matrix.x == x_axis && matrix.y == y_axis && matrix.z == z_axis;
 }
 
-/// Maps what a block holds; where it belongs to others too, into a new one.
-void map_content(Drawing& drawing, Dimension& dimension, const Matrix& matrix) {
-  const auto present = block_of(drawing, dimension);
+/// Maps what the block of that name holds; where it belongs to others too, into a new one.
+void map_content(Drawing& drawing, std::string& name, const Matrix& matrix) {
+  const auto present = block_of(drawing, name);
   if (!present) return;
   const std::vector<RecordId> content = drawing.entities(*present);
   for (const RecordId id : content) {
     if (can_transform(drawing.read_body(id), matrix)) continue;
-    throw Error("DIMENSION in block " + dimension.block + " shows a " +
+    throw Error("The dimension with block " + name + " shows a " +
                 std::string(drawing.kind_name(id)) + ", which cannot be moved");
   }
-  const SpaceId own = own_block(drawing, dimension);
+  const SpaceId own = own_block(drawing, name);
   for (const RecordId id : content) {
     const RecordId target = own == *present ? id : drawing.copy_to(id, own);
     Body body = drawing.read_body(id);
@@ -181,15 +187,26 @@ void transform_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
     drawing.write_body(id, dimension);
     return draw(drawing, id);
   }
-  map_content(drawing, dimension, matrix * translation(offset));
+  const std::string block = dimension.block;
+  map_content(drawing, dimension.block, matrix * translation(offset));
+  if (dimension.block != block) dimension.flags |= Dimension::own_block_flag;
   dimension.block_offset = {};
   drawing.write_body(id, dimension);
   update_measured(drawing, id);
 }
 
+void transform_kept_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
+  KeptDimension dimension = drawing.read_kept_dimension(id);
+  const Point offset = ocs_to_world(dimension.normal).direction(dimension.block_offset);
+  transform(dimension, matrix);
+  map_content(drawing, dimension.block, matrix * translation(offset));
+  dimension.block_offset = {};
+  drawing.write_kept_dimension(id, dimension);
+}
+
 void copy_drawn_block(Drawing& drawing, RecordId id) {
   Dimension dimension = dimension_of(drawing, id);
-  const auto shown = block_of(drawing, dimension);
+  const auto shown = block_of(drawing, dimension.block);
   if (!shown) return;
   const SpaceId own = drawing.add_drawn_block();
   dimension.block = drawing.spaces()[index(own)].name;

@@ -28,6 +28,10 @@ void move_text(Drawing& drawing, RecordId dimension, Point place);
 /// that is not understood.
 void transform_dimension(Drawing& drawing, RecordId dimension, const Matrix& matrix);
 
+/// The same for a dimension that is never drawn anew; the map keeps measures. Fails, with nothing
+/// changed, where the block holds a kind that is not understood.
+void transform_kept_dimension(Drawing& drawing, RecordId dimension, const Matrix& matrix);
+
 /// Gives a copied dimension a block of its own, with the same content.
 void copy_drawn_block(Drawing& drawing, RecordId dimension);
 

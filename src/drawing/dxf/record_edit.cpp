@@ -83,6 +83,20 @@ std::string with_paper_mark(std::string_view bytes, bool in_paper, const Format&
   return out;
 }
 
+std::string without_preview(std::string_view bytes, const Format& format) {
+  constexpr int size_code = 160, old_size_code = 92, data_code = 310;
+  const RecordTags record(bytes, format);
+  const std::size_t end_of_head = head_end(record);
+  std::string out;
+  for (std::size_t i = 0; i < record.tags().size(); ++i) {
+    const Tag& tag = record.tags()[i];
+    const bool is_of_preview =
+        tag.code == size_code || tag.code == old_size_code || tag.code == data_code;
+    if (i >= end_of_head || !is_of_preview || tag.in_group) append_raw(out, record, tag);
+  }
+  return out;
+}
+
 std::string with_variable(std::string_view header, std::string_view name, std::string_view value,
                           const Format& format) {
   const RecordTags record(header, format);
