@@ -96,6 +96,20 @@ TEST(BadInput, ATextWhereANumberBelongsIsToldOnUse) {
   EXPECT_EQ(drawing.check().front().handle, 0x2Fu);
 }
 
+TEST(BadInput, ABinaryRecordWithoutANameBelongsToTheOneBefore) {
+  const Drawing sound = Drawing::read(drawing_of("AC1015", walls_line + circle), "sound.dxf");
+  std::string bytes = sound.convert({{}, true}).bytes;
+  bytes.replace(bytes.rfind("CIRCLE"), 6, "C\x01(C?!");
+  const Drawing drawing = Drawing::read(bytes, "bad.dxf");
+  EXPECT_EQ(drawing.entity_count(SpaceId::model), 1U);
+  ASSERT_EQ(drawing.warnings().size(), 1U);
+  EXPECT_NE(drawing.warnings().front().text.find("the name of a record, found \"C.(C?!\""),
+            std::string::npos)
+      << drawing.warnings().front().text;
+  EXPECT_EQ(drawing.bytes(), bytes);
+  EXPECT_THROW(drawing.convert({{}, false}), Error) << "text could not say what it holds";
+}
+
 TEST(BadInput, MissingEndsAreTold) {
   const std::string sound = drawing_of("AC1015", walls_line + circle);
   const std::string no_eof = replaced(sound, "0\r\nEOF\r\n", "");

@@ -45,11 +45,11 @@ std::string in_other_form(const Store& store, const dxf::Format& format) {
     const Record& record = store.at(id);
     if (record.is(Record::erased)) return;
     dxf::append_text(out, 0, store.kind_name(record.kind), format);
+    const Tags tags = read_tags(store, id);
     try {
-      for (const TagValue& tag : read_tags(store, id)) append_tag(out, tag, format);
+      for (const TagValue& tag : tags) append_tag(out, tag, format);
     } catch (const Error& error) {
-      const std::string where = store.where(id, 0);
-      throw Error(error.what() == where ? where : where + ": " + error.what());
+      throw Error(store.where(id, 0) + ": " + error.what());
     }
   };
   auto added = store.added_before.begin();

@@ -1,5 +1,7 @@
 #include "drawing/dxf/binary_reader.h"
 
+#include <utility>
+
 namespace velmar::drawing::dxf {
 
 /// Reads the tag at `at_` without going past it.
@@ -30,8 +32,16 @@ bool BinaryReader::head(HeadCollector& collector) {
 
 std::size_t BinaryReader::end_of_record() {
   damage_.reset();
-  while (next() && tag_.code != 0) at_ += tag_.next;
+  std::optional<Damage> nameless;
+  while (next()) {
+    if (tag_.code == 0) {
+      if (plausible_name(tag_.text(here_))) break;
+      if (!nameless) nameless = no_name(at_, tag_.text(here_));
+    }
+    at_ += tag_.next;
+  }
   if (damage_) at_ = bytes_.size();
+  if (!damage_) damage_ = std::move(nameless);
   return at_;
 }
 

@@ -19,7 +19,7 @@ class BinaryReader {
   std::size_t begin() const { return begin_; }
   std::size_t end_of_record();
   /// Binary data that makes no sense cannot be passed over: the record goes on to the end of the
-  /// file.
+  /// file. One that begins without a name belongs to the one before it.
   const std::optional<Damage>& damage() const { return damage_; }
 
  private:

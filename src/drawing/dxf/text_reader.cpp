@@ -7,29 +7,6 @@
 namespace velmar::drawing::dxf {
 namespace {
 
-/// A record's name has letters; a group code never has. So this tells a group 0 from a value 0
-/// where the pairs of lines have got out of step.
-bool plausible_name(std::string_view name) {
-  bool letters = false;
-  for (const char c : name) {
-    const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    if (!letter && !(c >= '0' && c <= '9') && c != '_' && c != '-' && c != '.' && c != '$')
-      return false;
-    letters = letters || letter;
-  }
-  return letters;
-}
-
-constexpr const char* kept = "; the rest of this record is kept as it is";
-
-/// Text of a file for a message, without control characters.
-std::string shown(std::string_view text) {
-  constexpr std::size_t most = 40;
-  std::string out = "\"";
-  for (const char c : text.substr(0, most)) out += c >= 0 && c < ' ' ? '.' : c;
-  return out + '"';
-}
-
 /// The whole number at the front of a value; 0 for none.
 std::int32_t leading_number(std::string_view text) {
   std::int32_t value = 0;
@@ -105,7 +82,7 @@ std::size_t TextReader::careful(std::size_t from) {
       if (code.text.find_first_not_of(" \t\r\n\x1a") == std::string_view::npos && !code.whole) {
         return bytes_.size();  // blanks at the very end
       }
-      damage_ = Damage{from, "expected a group code, found " + shown(code.text) + kept};
+      damage_ = Damage{from, "expected a group code, found " + shown(code.text) + rest_is_kept};
       return resynchronise(from);
     }
     if (!code.whole) {
@@ -115,8 +92,7 @@ std::size_t TextReader::careful(std::size_t from) {
     const Line value = line(code.next);
     if (*number == 0) {
       if (plausible_name(value.text)) return from;
-      damage_ =
-          Damage{code.next, "expected the name of a record, found " + shown(value.text) + kept};
+      damage_ = no_name(code.next, value.text);
       return resynchronise(code.next);
     }
     if (!value.whole) damage_ = Damage{from, "the file breaks off within this record"};
