@@ -4,7 +4,7 @@
 namespace velmar::cli {
 namespace {
 
-std::string method_names() {
+std::string all_method_names() {
   std::string names;
   for (const Method& method : methods())
     names += (names.empty() ? "" : " ") + std::string(method.name);
@@ -63,7 +63,7 @@ std::string bash(const std::vector<CommandPage>& pages) {
          "  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}\n"
          "  local command=${COMP_WORDS[1]} options= words=\n"
          "  local methods=" +
-         in_quotes(method_names()) +
+         in_quotes(all_method_names()) +
          "\n"
          "  if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
          "    COMPREPLY=($(compgen -W " +
@@ -87,7 +87,7 @@ std::string zsh(const std::vector<CommandPage>& pages) {
     const CommandPage& page = pages[i];
     commands += "      " + in_quotes(page.name + ":" + page.help) + "\n";
     cases += "    " + page.name + ") compadd -- " + option_words(page) +
-             (names_method(page) ? " " + method_names() : "") + " ;;\n";
+             (names_method(page) ? " " + all_method_names() : "") + " ;;\n";
   }
   return "#compdef velmar\n# Completion of velmar for zsh; printed by the program itself.\n"
          "_velmar() {\n  if (( CURRENT == 2 )); then\n    local -a commands=(\n" +

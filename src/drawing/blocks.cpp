@@ -9,7 +9,7 @@ namespace velmar::drawing {
 namespace {
 
 /// The name of the block that an INSERT shows; others have none.
-std::string shown_block(const Store& store, RecordId id) {
+std::string block_shown_by(const Store& store, RecordId id) {
   const dxf::RecordTags record(store.bytes(id), store.format);
   dxf::TagRange range(record);
   range.any_subclass();
@@ -55,7 +55,7 @@ std::vector<RecordId> Drawing::references_to(SpaceId block) const {
     const Record& record = store_->records[i];
     if (record.kind != Kind::insert || record.is(Record::erased)) continue;
     const auto id = static_cast<RecordId>(i);
-    if (folded_name(shown_block(*store_, id)) == name) found.push_back(id);
+    if (folded_name(block_shown_by(*store_, id)) == name) found.push_back(id);
   }
   return found;
 }

@@ -7,7 +7,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr std::size_t most_warnings = 100;
+constexpr std::size_t most_faults = 100;
 
 bool is_chunk(const dxf::RecordTags& record, const dxf::Tag& tag) {
   if (record.format().binary) return true;
@@ -35,7 +35,7 @@ std::string_view expected(const dxf::RecordTags& record, const dxf::Tag& tag) {
 
 std::vector<Warning> Drawing::check() const {
   std::vector<Warning> found;
-  for (std::uint32_t i = 0; i < store_->records.size() && found.size() < most_warnings; ++i) {
+  for (std::uint32_t i = 0; i < store_->records.size() && found.size() < most_faults; ++i) {
     const auto id = static_cast<RecordId>(i);
     if (store_->at(id).is(Record::erased)) continue;
     const dxf::RecordTags record(store_->bytes(id), store_->format);

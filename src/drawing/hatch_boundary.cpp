@@ -13,13 +13,13 @@ namespace {
 using Edges = std::vector<HatchEdge>;
 
 /// Of the size of what is looked at.
-constexpr double tolerance = 1e-6;
+constexpr double flatness = 1e-6;
 
 bool is_flat(Point p) {
-  return std::abs(p.z) <= tolerance * std::max({1.0, std::abs(p.x), std::abs(p.y)});
+  return std::abs(p.z) <= flatness * std::max({1.0, std::abs(p.x), std::abs(p.y)});
 }
 
-Point flat(Point p) { return {p.x, p.y, 0}; }
+Point flattened(Point p) { return {p.x, p.y, 0}; }
 
 /// What a body gives to a loop: a way of edges, or the vertices of a closed polyline.
 struct Part {
@@ -33,7 +33,7 @@ Edges lines(const std::vector<Point>& points) {
   Edges edges;
   for (std::size_t i = 1; i < points.size(); ++i) {
     if (points[i - 1] != points[i])
-      edges.emplace_back(HatchLine{flat(points[i - 1]), flat(points[i])});
+      edges.emplace_back(HatchLine{flattened(points[i - 1]), flattened(points[i])});
   }
   return edges;
 }
@@ -44,9 +44,9 @@ bool is_round(const Conic& conic) {
 }
 
 /// Sees bodies in the plane of the hatch.
-class Plane {
+class BoundaryPlane {
  public:
-  explicit Plane(const Hatch& hatch)
+  explicit BoundaryPlane(const Hatch& hatch)
       : to_plane_(translation({0, 0, -hatch.elevation_point.z}) * world_to_ocs(hatch.normal)) {}
 
   FoundPart operator()(const Line& line) const { return straight({line.start, line.end}); }
@@ -125,7 +125,7 @@ class Plane {
                       to_plane_.direction(in_world.sine), in_world.start, in_world.sweep};
     const double size = norm(conic.cosine);
     const bool is_level =
-        std::abs(conic.cosine.z) <= tolerance * size && std::abs(conic.sine.z) <= tolerance * size;
+        std::abs(conic.cosine.z) <= flatness * size && std::abs(conic.sine.z) <= flatness * size;
     if (!(size > 0) || !is_level || !is_flat(conic.center)) return {};
     Conic level = conic;
     level.center.z = level.cosine.z = level.sine.z = 0;
@@ -140,7 +140,7 @@ class Plane {
   FoundPart bulged(std::vector<BulgeVertex> vertices, bool closed, double elevation,
                    Point normal) const {
     const Matrix map = to_plane_ * ocs_to_world(normal) * translation({0, 0, elevation});
-    if (vertices.size() < 2 || std::hypot(map.z.x, map.z.y) > tolerance) return {};
+    if (vertices.size() < 2 || std::hypot(map.z.x, map.z.y) > flatness) return {};
     for (BulgeVertex& vertex : vertices) {
       const Point place = map({vertex.x, vertex.y, 0});
       if (!is_flat(place)) return {};
@@ -173,7 +173,7 @@ double size_of(const std::vector<Edges>& ways) {
 
 /// Ways joined to one that ends where it begins; nothing where they do not.
 std::optional<Edges> chained(std::vector<Edges> ways) {
-  const double gap = tolerance * size_of(ways);
+  const double gap = flatness * size_of(ways);
   const auto meet = [&](Point a, Point b) { return norm(a - b) <= gap; };
   Edges chain = std::move(ways.back());
   ways.pop_back();
@@ -198,7 +198,7 @@ std::optional<HatchLoop> boundary_loop(std::span<const Body> bodies, const Hatch
   HatchLoop loop;
   std::vector<Edges> ways;
   for (const Body& body : bodies) {
-    auto part = std::visit(Plane(hatch), body);
+    auto part = std::visit(BoundaryPlane(hatch), body);
     if (!part) return std::nullopt;
     if (part->vertices.empty()) {
       if (part->edges.empty()) return std::nullopt;

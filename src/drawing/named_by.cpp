@@ -6,10 +6,10 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr std::array text{NameCode{7, Purgeable::text_style}};
-constexpr std::array insert{NameCode{2, Purgeable::block}};
-constexpr std::array dimension{NameCode{2, Purgeable::block},
-                               NameCode{3, Purgeable::dimension_style}};
+constexpr std::array names_of_text{NameCode{7, Purgeable::text_style}};
+constexpr std::array names_of_insert{NameCode{2, Purgeable::block}};
+constexpr std::array names_of_dimension{NameCode{2, Purgeable::block},
+                                        NameCode{3, Purgeable::dimension_style}};
 constexpr std::array leader{NameCode{3, Purgeable::dimension_style}};
 constexpr std::array multiline{NameCode{2, Purgeable::multiline_style}};
 constexpr std::array dimension_style{NameCode{5, Purgeable::block}, NameCode{6, Purgeable::block},
@@ -21,12 +21,12 @@ struct NameRow {
 };
 
 constexpr std::array name_rows{
-    NameRow{"TEXT", text},
-    NameRow{"MTEXT", text},
-    NameRow{"ATTRIB", text},
-    NameRow{"ATTDEF", text},
-    NameRow{"INSERT", insert},
-    NameRow{"DIMENSION", dimension},
+    NameRow{"TEXT", names_of_text},
+    NameRow{"MTEXT", names_of_text},
+    NameRow{"ATTRIB", names_of_text},
+    NameRow{"ATTDEF", names_of_text},
+    NameRow{"INSERT", names_of_insert},
+    NameRow{"DIMENSION", names_of_dimension},
     NameRow{"LEADER", leader},
     NameRow{"TOLERANCE", leader},
     NameRow{"MLINE", multiline},

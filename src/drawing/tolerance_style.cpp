@@ -13,8 +13,8 @@ namespace {
 
 // Group codes of a dimension style; in extended data the numbers of its variables.
 constexpr int scale_code = 40, height_code = 140, gap_code = 147;
-constexpr int application_code = 1001, text_code = 1000, bracket_code = 1002, variable_code = 1070,
-              real_code = 1040;
+constexpr int application_name_code = 1001, text_code = 1000, bracket_code = 1002,
+              variable_code = 1070, real_code = 1040;
 constexpr std::string_view application = "ACAD", group = "DSTYLE";
 
 struct FrameStyle {
@@ -46,7 +46,7 @@ struct Overrides {
 Overrides find_overrides(const XData& data) {
   bool ours = false;
   for (std::size_t i = 0; i + 1 < data.size(); ++i) {
-    if (data[i].first == application_code) ours = data[i].second == application;
+    if (data[i].first == application_name_code) ours = data[i].second == application;
     if (!ours || data[i] != std::pair(text_code, std::string(group))) continue;
     if (data[i + 1].first != bracket_code) continue;
     std::size_t end = i + 2;
@@ -68,10 +68,10 @@ XData own_run(const XData& data) {
   XData run;
   bool ours = false;
   for (const auto& tag : data) {
-    if (tag.first == application_code) ours = tag.second == application;
+    if (tag.first == application_name_code) ours = tag.second == application;
     if (ours) run.push_back(tag);
   }
-  if (run.empty()) run.emplace_back(application_code, application);
+  if (run.empty()) run.emplace_back(application_name_code, application);
   if (find_overrides(run).begin == run.size()) {
     run.insert(run.end(),
                {{text_code, std::string(group)}, {bracket_code, "{"}, {bracket_code, "}"}});

@@ -18,7 +18,7 @@ using drawing::Point;
 const Dimension& body(const EntityObject& entity) { return std::get<Dimension>(entity.body()); }
 
 template <class Change>
-void change(EntityObject& entity, Change apply) {
+void change_dimension(EntityObject& entity, Change apply) {
   Dimension changed = body(entity);
   apply(changed);
   entity.drawing().write_body(entity.id(), changed);
@@ -49,7 +49,7 @@ template <Point Dimension::*point>
 void put_extension_point(EntityObject& entity, const Value& value) {
   const Point place = to_point(value, "Point", Member::ExtLine1Point);
   require_type(entity, Dimension::aligned, Member::ExtLine1Point);
-  change(entity, [&](Dimension& it) {
+  change_dimension(entity, [&](Dimension& it) {
     const auto across = [&] {
       const double angle = line_angle(it);
       return drawing::ocs_to_world(it.normal).direction({-std::sin(angle), std::cos(angle), 0});
@@ -68,29 +68,29 @@ Value get_rotation(const EntityObject& entity) {
 void put_rotation(EntityObject& entity, const Value& value) {
   const double angle = to_number(value);
   require_type(entity, Dimension::rotated, Member::Rotation);
-  change(entity, [&](Dimension& it) { it.rotation = angle; });
+  change_dimension(entity, [&](Dimension& it) { it.rotation = angle; });
 }
 
 void put_text_rotation(EntityObject& entity, const Value& value) {
   const double angle = to_number(value);
-  change(entity, [&](Dimension& it) { it.text_rotation = angle; });
+  change_dimension(entity, [&](Dimension& it) { it.text_rotation = angle; });
 }
 
 void put_text_override(EntityObject& entity, const Value& value) {
   const auto text = basic::convert<std::string>(value);
-  change(entity, [&](Dimension& it) { it.text = text; });
+  change_dimension(entity, [&](Dimension& it) { it.text = text; });
 }
 
-void put_style_name(EntityObject& entity, const Value& value) {
+void put_dimension_style(EntityObject& entity, const Value& value) {
   const auto name = basic::convert<std::string>(value);
   const std::string found = require_row(entity.drawing(), "DIMSTYLE", name);
-  change(entity, [&](Dimension& it) { it.style = found; });
+  change_dimension(entity, [&](Dimension& it) { it.style = found; });
 }
 
 void put_normal(EntityObject& entity, const Value& value) {
   drawing::Body changed = body(entity);
   put_property(entity.drawing(), changed, Member::Normal, value);
-  change(entity, [&](Dimension& it) { it = std::get<Dimension>(changed); });
+  change_dimension(entity, [&](Dimension& it) { it = std::get<Dimension>(changed); });
 }
 
 constexpr std::array dimension_property_rows{
@@ -103,7 +103,7 @@ constexpr std::array dimension_property_rows{
     EntityProperty{Member::TextOverride,
                    [](const EntityObject& e) -> Value { return body(e).text; }, put_text_override},
     EntityProperty{Member::StyleName, [](const EntityObject& e) -> Value { return body(e).style; },
-                   put_style_name},
+                   put_dimension_style},
     EntityProperty{Member::Rotation, get_rotation, put_rotation},
     EntityProperty{Member::ExtLine1Point, get_extension_point<&Dimension::first>,
                    put_extension_point<&Dimension::first>},
@@ -114,16 +114,16 @@ constexpr std::array dimension_property_rows{
                    put_normal},
 };
 
-drawing::KeptDimension kept(const EntityObject& entity) {
+drawing::KeptDimension kept_of(const EntityObject& entity) {
   return entity.drawing().read_kept_dimension(entity.id());
 }
 
 constexpr std::array kept_dimension_rows{
     EntityProperty{Member::Measurement,
-                   [](const EntityObject& e) -> Value { return kept(e).measured; }},
+                   [](const EntityObject& e) -> Value { return kept_of(e).measured; }},
     EntityProperty{Member::TextPosition,
                    [](const EntityObject& e) -> Value {
-                     const drawing::KeptDimension it = kept(e);
+                     const drawing::KeptDimension it = kept_of(e);
                      return to_value(drawing::ocs_to_world(it.normal)(it.text_position));
                    }},
 };

@@ -16,8 +16,8 @@ namespace {
 
 using drawing::DimVariables;
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double smallest = std::numeric_limits<double>::min();
+constexpr double no_limit = std::numeric_limits<double>::infinity();
+constexpr double least = std::numeric_limits<double>::min();
 
 struct Number {
   Member member;
@@ -25,20 +25,20 @@ struct Number {
   double lowest, highest;  // of a put
 };
 constexpr std::array numbers{
-    Number{Member::ScaleFactor, &DimVariables::scale, smallest, infinity},
-    Number{Member::LinearScaleFactor, &DimVariables::length_factor, -infinity, infinity},
-    Number{Member::ArrowheadSize, &DimVariables::arrow_size, 0, infinity},
-    Number{Member::DimensionLineExtend, &DimVariables::line_beyond, 0, infinity},
-    Number{Member::ExtensionLineExtend, &DimVariables::extension_beyond, 0, infinity},
-    Number{Member::ExtensionLineOffset, &DimVariables::extension_offset, 0, infinity},
-    Number{Member::TextHeight, &DimVariables::text_height, smallest, infinity},
-    Number{Member::TextGap, &DimVariables::text_gap, -infinity, infinity},
-    Number{Member::RoundDistance, &DimVariables::rounding, 0, infinity},
-    Number{Member::AltRoundDistance, &DimVariables::alternate_rounding, 0, infinity},
-    Number{Member::AltUnitsScale, &DimVariables::alternate_factor, smallest, infinity},
-    Number{Member::ToleranceUpperLimit, &DimVariables::plus, -infinity, infinity},
-    Number{Member::ToleranceLowerLimit, &DimVariables::minus, -infinity, infinity},
-    Number{Member::ToleranceHeightScale, &DimVariables::tolerance_height, smallest, infinity},
+    Number{Member::ScaleFactor, &DimVariables::scale, least, no_limit},
+    Number{Member::LinearScaleFactor, &DimVariables::length_factor, -no_limit, no_limit},
+    Number{Member::ArrowheadSize, &DimVariables::arrow_size, 0, no_limit},
+    Number{Member::DimensionLineExtend, &DimVariables::line_beyond, 0, no_limit},
+    Number{Member::ExtensionLineExtend, &DimVariables::extension_beyond, 0, no_limit},
+    Number{Member::ExtensionLineOffset, &DimVariables::extension_offset, 0, no_limit},
+    Number{Member::TextHeight, &DimVariables::text_height, least, no_limit},
+    Number{Member::TextGap, &DimVariables::text_gap, -no_limit, no_limit},
+    Number{Member::RoundDistance, &DimVariables::rounding, 0, no_limit},
+    Number{Member::AltRoundDistance, &DimVariables::alternate_rounding, 0, no_limit},
+    Number{Member::AltUnitsScale, &DimVariables::alternate_factor, least, no_limit},
+    Number{Member::ToleranceUpperLimit, &DimVariables::plus, -no_limit, no_limit},
+    Number{Member::ToleranceLowerLimit, &DimVariables::minus, -no_limit, no_limit},
+    Number{Member::ToleranceHeightScale, &DimVariables::tolerance_height, least, no_limit},
 };
 
 struct Choice {

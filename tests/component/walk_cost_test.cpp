@@ -10,14 +10,14 @@ namespace velmar {
 namespace {
 
 /// A method, and an entity that is none of its business.
-struct Case {
+struct WalkCost {
   const char* method;
   std::vector<Value> arguments;
   const char *class_name, *layer;
   int reads;  // of such an entity, beside the step of the walk
 };
 
-const Case cases[] = {
+const WalkCost walk_costs[] = {
     {"RotateAllText", {"A", 5.0, true}, "AcDbLine", "A", 1},
     {"RotateAllText", {"A", 5.0, true}, "AcDbText", "B", 2},
     {"ReplaceT", {"a", "b"}, "AcDbLine", "A", 1},
@@ -43,7 +43,7 @@ const Case cases[] = {
     {"NmLayer", {"old", "new"}, "AcDbLine", "A", 1},
 };
 
-int steps_with(const Case& tried, int entities) {
+int steps_with(const WalkCost& tried, int entities) {
   FakeHost host;
   FakeDocument& document = host.document;
   const Bag picked = document.add("AcDbBlockReference", "0", {{Member::Name, "DOOR"}});
@@ -68,7 +68,7 @@ int steps_with(const Case& tried, int entities) {
 }
 
 TEST(WalkCost, AnEntityThatIsPassedByIsReadNoMoreThanTheTestNeeds) {
-  for (const Case& tried : cases) {
+  for (const WalkCost& tried : walk_costs) {
     const int more = steps_with(tried, 30) - steps_with(tried, 10);
     const int walks = std::string_view(tried.method) == "Replace" ? 2 : 1;
     EXPECT_EQ(more, 20 * (tried.reads + walks)) << tried.method << " " << tried.class_name;

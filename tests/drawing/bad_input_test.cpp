@@ -16,7 +16,7 @@
 namespace velmar::drawing {
 namespace {
 
-const std::string circle =
+const std::string circle_words =
     "0 CIRCLE 5 3F 330 1F 100 AcDbEntity 8 Walls 100 AcDbCircle 10 1.0 20 2.0 30 0.0 40 5.0 ";
 
 std::string replaced(std::string text, const std::string& what, const std::string& with) {
@@ -50,7 +50,7 @@ void exercise(const std::string& bytes) {
 }
 
 TEST(BadInput, NamesTheLineAndTheHandleOfABrokenGroupCode) {
-  const std::string bytes = replaced(drawing_of("AC1015", walls_line + circle),
+  const std::string bytes = replaced(drawing_of("AC1015", walls_line + circle_words),
                                      "AcDbLine\r\n10\r\n", "AcDbLine\r\n1x0\r\n");
   const Drawing drawing = Drawing::read(bytes, "bad.dxf");
   ASSERT_EQ(drawing.warnings().size(), 1u) << drawing.warnings().back().text;
@@ -67,7 +67,7 @@ TEST(BadInput, NamesTheLineAndTheHandleOfABrokenGroupCode) {
 
 TEST(BadInput, ALostLineSpoilsOneEntityOnly) {
   std::string entities;
-  for (int i = 0; i < 20; ++i) entities += replaced(circle, "3F", "A" + std::to_string(i));
+  for (int i = 0; i < 20; ++i) entities += replaced(circle_words, "3F", "A" + std::to_string(i));
   const std::string sound = drawing_of("AC1015", walls_line + entities);
   for (const std::string lost : {"4.0\r\n", "2F\r\n", "Walls\r\n", "AcDbLine\r\n", "LINE\r\n"}) {
     const std::string bytes = replaced(sound, lost == "Walls\r\n" ? "8\r\nWalls\r\n" : lost,
@@ -81,7 +81,8 @@ TEST(BadInput, ALostLineSpoilsOneEntityOnly) {
 
 TEST(BadInput, ATextWhereANumberBelongsIsToldOnUse) {
   const Drawing drawing = Drawing::read(
-      replaced(drawing_of("AC1015", walls_line + circle), "11\r\n4.0", "11\r\nfour"), "bad.dxf");
+      replaced(drawing_of("AC1015", walls_line + circle_words), "11\r\n4.0", "11\r\nfour"),
+      "bad.dxf");
   try {
     drawing.read(drawing.find(0x2F));
     FAIL() << "a number was read";
@@ -97,7 +98,7 @@ TEST(BadInput, ATextWhereANumberBelongsIsToldOnUse) {
 }
 
 TEST(BadInput, ABinaryRecordWithoutANameBelongsToTheOneBefore) {
-  const Drawing sound = Drawing::read(drawing_of("AC1015", walls_line + circle), "sound.dxf");
+  const Drawing sound = Drawing::read(drawing_of("AC1015", walls_line + circle_words), "sound.dxf");
   std::string bytes = sound.convert({{}, true}).bytes;
   bytes.replace(bytes.rfind("CIRCLE"), 6, "C\x01(C?!");
   const Drawing drawing = Drawing::read(bytes, "bad.dxf");
@@ -111,7 +112,7 @@ TEST(BadInput, ABinaryRecordWithoutANameBelongsToTheOneBefore) {
 }
 
 TEST(BadInput, MissingEndsAreTold) {
-  const std::string sound = drawing_of("AC1015", walls_line + circle);
+  const std::string sound = drawing_of("AC1015", walls_line + circle_words);
   const std::string no_eof = replaced(sound, "0\r\nEOF\r\n", "");
   EXPECT_EQ(Drawing::read(no_eof, "bad.dxf").warnings().size(), 1u);
   Drawing no_endsec =
@@ -131,8 +132,9 @@ TEST(BadInput, AnEntityThatNamesNoLayerIsOnLayer0) {
 }
 
 TEST(BadInput, HandlesThatAreMissingZeroOrTwiceAreGivenWithoutTouchingTheFile) {
-  const std::string twice = replaced(circle, "3F", "2F"), none = replaced(circle, "5 3F ", ""),
-                    zero = replaced(circle, "5 3F ", "5 0 ");
+  const std::string twice = replaced(circle_words, "3F", "2F"),
+                    none = replaced(circle_words, "5 3F ", ""),
+                    zero = replaced(circle_words, "5 3F ", "5 0 ");
   const std::string bytes = drawing_of("AC1015", walls_line + twice + none + zero);
   Drawing drawing = Drawing::read(bytes, "bad.dxf");
   const auto entities = drawing.entities(SpaceId::model);

@@ -21,8 +21,8 @@ const std::string tail =
     "47 0.01 98 1 10 1.0 20 1.0 450 0 451 0 460 0.0 470 LINEAR 1001 APP 1070 5";
 const std::string hatch = head + before_loops + polyline_loop + edge_loop + tail;
 
-struct Sample {
-  explicit Sample(const std::string& entity = hatch)
+struct HatchSample {
+  explicit HatchSample(const std::string& entity = hatch)
       : drawing(Drawing::read(drawing_of("AC1024", entity), "plan.dxf")), id(drawing.find(0x2F)) {}
 
   Hatch read() const { return std::get<Hatch>(drawing.read_body(id)); }
@@ -39,12 +39,12 @@ struct Sample {
   RecordId id;
 };
 
-std::string replaced(std::string text, const std::string& from, const std::string& to) {
+std::string with_replaced(std::string text, const std::string& from, const std::string& to) {
   return text.replace(text.find(from), from.size(), to);
 }
 
 TEST(HatchRecord, ReadsAllSortsOfLoops) {
-  const Hatch read = Sample().read();
+  const Hatch read = HatchSample().read();
   ASSERT_EQ(read.loops.size(), 2U);
   EXPECT_EQ(read.loops[0].vertices[1].bulge, 0.5);
   EXPECT_EQ(read.loops[0].sources, std::vector<std::string>{"4F"});
@@ -57,7 +57,7 @@ TEST(HatchRecord, ReadsAllSortsOfLoops) {
 }
 
 TEST(HatchRecord, ChangesOnlyTheValuesThatDiffer) {
-  Sample sample;
+  HatchSample sample;
   sample.drawing.write_body(sample.id, sample.read());
   EXPECT_TRUE(sample.writes(hatch)) << "writing what was read is no edit";
   Hatch changed = sample.read();
@@ -65,16 +65,16 @@ TEST(HatchRecord, ChangesOnlyTheValuesThatDiffer) {
   changed.loops[0].vertices[0].bulge = 1;
   std::get<HatchArc>(changed.loops[1].edges[1]).radius = 3;
   changed.lines[0].dashes[1] = -1;
-  Sample moved;
+  HatchSample moved;
   changed.loops[0].vertices[0].bulge = 0;
   moved.drawing.write_body(moved.id, changed);
-  std::string words = replaced(hatch, "10 0.0 20 0.00 10 4.0", "10 0.5 20 0.00 10 4.0");
-  words = replaced(words, "40 1.0 50", "40 3.0 50");
-  EXPECT_TRUE(moved.writes(replaced(words, "49 -0.25", "49 -1.0")));
+  std::string words = with_replaced(hatch, "10 0.0 20 0.00 10 4.0", "10 0.5 20 0.00 10 4.0");
+  words = with_replaced(words, "40 1.0 50", "40 3.0 50");
+  EXPECT_TRUE(moved.writes(with_replaced(words, "49 -0.25", "49 -1.0")));
 }
 
 TEST(HatchRecord, WritesTheLoopsAnewWhenTheirTagsAreOthers) {
-  Sample sample;
+  HatchSample sample;
   Hatch changed = sample.read();
   changed.loops.pop_back();
   changed.loops[0].vertices.pop_back();
@@ -88,26 +88,27 @@ TEST(HatchRecord, WritesTheLoopsAnewWhenTheirTagsAreOthers) {
 }
 
 TEST(HatchRecord, OfASolidOneHasNoPattern) {
-  Sample sample;
+  HatchSample sample;
   Hatch changed = sample.read();
   changed.pattern = "SOLID";
   changed.solid = 1;
   changed.lines.clear();
   sample.drawing.write_body(sample.id, changed);
-  std::string words = replaced(hatch, "2 ANSI31 70 0", "2 SOLID 70 1");
-  words = replaced(words,
-                   "52 0.0 41 1.50 77 0 78 1 53 45.0 43 0.0 44 0.0 45 -0.1 46 0.1 79 2 49 0.5 "
-                   "49 -0.25 ",
-                   "");
+  std::string words = with_replaced(hatch, "2 ANSI31 70 0", "2 SOLID 70 1");
+  words = with_replaced(words,
+                        "52 0.0 41 1.50 77 0 78 1 53 45.0 43 0.0 44 0.0 45 -0.1 46 0.1 79 2 49 0.5 "
+                        "49 -0.25 ",
+                        "");
   EXPECT_TRUE(sample.writes(words));
   changed.solid = 0;
   changed.scale = 2;
   changed.lines = user_pattern(0, 2, false);
   sample.drawing.write_body(sample.id, changed);
-  words = replaced(words, "2 SOLID 70 1", "2 SOLID 70 0");
-  EXPECT_TRUE(sample.writes(replaced(words, "47 0.01",
-                                     "52 0.0 41 2.0 77 0 78 1 53 0.0 43 0.0 44 0.0 45 0.0 46 2.0 "
-                                     "79 0 47 0.01")));
+  words = with_replaced(words, "2 SOLID 70 1", "2 SOLID 70 0");
+  EXPECT_TRUE(
+      sample.writes(with_replaced(words, "47 0.01",
+                                  "52 0.0 41 2.0 77 0 78 1 53 0.0 43 0.0 44 0.0 45 0.0 46 2.0 "
+                                  "79 0 47 0.01")));
 }
 
 TEST(HatchRecord, ThatIsNotSoundSaysWhereAndIsKept) {
@@ -120,7 +121,7 @@ TEST(HatchRecord, ThatIsNotSoundSaysWhereAndIsKept) {
       {"79 2", "79 5"},
   };
   for (const auto& [from, to] : faults) {
-    const Sample sample(replaced(hatch, from, to));
+    const HatchSample sample(with_replaced(hatch, from, to));
     SCOPED_TRACE(to);
     try {
       const Hatch read = sample.read();
@@ -128,7 +129,7 @@ TEST(HatchRecord, ThatIsNotSoundSaysWhereAndIsKept) {
     } catch (const Error& error) {
       EXPECT_NE(std::string(error.what()).find("HATCH #2F"), std::string::npos) << error.what();
     }
-    EXPECT_TRUE(sample.writes(replaced(hatch, from, to)));
+    EXPECT_TRUE(sample.writes(with_replaced(hatch, from, to)));
   }
 }
 

@@ -9,10 +9,10 @@
 namespace velmar::drawing {
 namespace {
 
-const std::filesystem::path corpus = VELMAR_CORPUS;
+const std::filesystem::path corpus_folder = VELMAR_CORPUS;
 
 Region region_in(const std::string& file) {
-  const Drawing drawing = Drawing::open(corpus / file);
+  const Drawing drawing = Drawing::open(corpus_folder / file);
   return std::get<Region>(drawing.read_body(drawing.find(0xD69)));
 }
 
@@ -96,7 +96,7 @@ TEST(Region, TellsItsAreaAndPerimeter) {
 }
 
 TEST(Region, IsMappedByThePlacementOfItsModelAlone) {
-  Drawing drawing = Drawing::open(corpus / "acadsharp/sample_AC1015_ascii.dxf");
+  Drawing drawing = Drawing::open(corpus_folder / "acadsharp/sample_AC1015_ascii.dxf");
   const std::string before = drawing.bytes();
   const RecordId id = drawing.find(0xD69);
   Region region = region_in("acadsharp/sample_AC1015_ascii.dxf");

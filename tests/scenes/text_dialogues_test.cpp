@@ -21,7 +21,7 @@ void remember(Scene& scene, const char* key, const char* value) {
 
 const char* const select_first = "\r\nSelect First Text";
 const char* const select_second = "\r\nSelect Second Text";
-const char* const ready = "\r\nAutocad Ready.";
+const char* const ready_again = "\r\nAutocad Ready.";
 
 TEST(ChangeLetterCase, AppliesTheAnsweredOrTheRememberedMode) {
   struct Case {
@@ -142,9 +142,9 @@ TEST(Joint2Text, GoesOnUntilAPickFailsOrIsNoText) {
     std::vector<std::string> said;
   };
   const Case cases[] = {
-      {{"#30", "#31", "#30", "#32", "#34", "#33"}, "30", "a b c", {ready}},
-      {{"#32", "#34"}, "32", "c", {ready}},
-      {{"#33", "#32"}, "33", "d", {ready}},
+      {{"#30", "#31", "#30", "#32", "#34", "#33"}, "30", "a b c", {ready_again}},
+      {{"#32", "#34"}, "32", "c", {ready_again}},
+      {{"#33", "#32"}, "33", "d", {ready_again}},
       {{"#32", "^C"}, "32", "c", {}},
       {{"^C"}, "32", "c", {}},
   };
@@ -198,7 +198,7 @@ TEST(TextIndex, BehindZThereIsNoLetterAndWhatIsNoTextEndsIt) {
   scene.answers(answers);
   EXPECT_FALSE(scene.run("TextIndex").failure);
   EXPECT_THAT(text_string(scene, "30"), testing::StartsWith(") ) Z) Y) "));
-  EXPECT_THAT(scene.said(), ElementsAre("\r\nPut Text Index", ready));
+  EXPECT_THAT(scene.said(), ElementsAre("\r\nPut Text Index", ready_again));
 
   scene.answers({"^C", "#30"});
   EXPECT_FALSE(scene.run("TextIndex").failure);
@@ -220,7 +220,7 @@ TEST(ReplaceTag, ReplacesTheValueInEveryInsertionOfTheBlock) {
   EXPECT_THAT(scene.asked(),
               ElementsAre("\r\nSelect Block", "\r\nEnter Tag Name: ",
                           "\r\nEnter Old Text (Enter for any): ", "\r\nEnter New Text: "));
-  EXPECT_THAT(scene.said(), ElementsAre("\r\nTag {number} Replaced 1 found", ready));
+  EXPECT_THAT(scene.said(), ElementsAre("\r\nTag {number} Replaced 1 found", ready_again));
 
   scene.answers({"#32", "NUMBER", "", "X"});
   EXPECT_FALSE(scene.run("ReplaceTag").failure);
@@ -237,7 +237,7 @@ TEST(ReplaceTag, ACancelledQuestionOrNoTagEndsItQuietly) {
   }
   scene.answers({"#34", "NUMBER", "", "X"});
   EXPECT_FALSE(scene.run("ReplaceTag").failure);
-  EXPECT_THAT(scene.said(), ElementsAre("\r\nTag {NUMBER} Replaced 0 found", ready));
+  EXPECT_THAT(scene.said(), ElementsAre("\r\nTag {NUMBER} Replaced 0 found", ready_again));
   EXPECT_FALSE(scene.drawing().is_changed());
 }
 

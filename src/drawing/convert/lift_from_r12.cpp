@@ -15,9 +15,9 @@ namespace velmar::drawing {
 namespace {
 
 /// Each code goes to the first part that has it and is not behind the last.
-class Parts {
+class Division {
  public:
-  Parts(TagRecord& record, std::span<const R12Part> parts, std::string_view base)
+  Division(TagRecord& record, std::span<const R12Part> parts, std::string_view base)
       : record_(record), parts_(parts), base_(base) {}
 
   /// Returns whether a tag found no place.
@@ -152,7 +152,7 @@ class Lifting {
                          record.is("INSERT") && is_array};
     const auto parts = r12_parts(record.kind, flags);
     const bool is_known = !parts.empty() || record.is("SEQEND");
-    const bool any_left = Parts(record, parts, base).divide();
+    const bool any_left = Division(record, parts, base).divide();
     if (is_known && any_left) {
       losses_.note("values of " + record.kind + " that R12 does not define", "dropped",
                    record.handle);

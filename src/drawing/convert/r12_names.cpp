@@ -100,7 +100,7 @@ constexpr auto names_at = std::to_array<NameAt>({
     {"", 1003, "LAYER"},
 });
 
-class Names {
+class NamesOfR12 {
  public:
   void take(TagDrawing& drawing) {
     for (const TagTable& table : drawing.tables) {
@@ -141,7 +141,7 @@ class Names {
 }  // namespace
 
 void fit_names_to_r12(TagDrawing& drawing, LossList& losses) {
-  Names names;
+  NamesOfR12 names;
   names.take(drawing);
   names.count(drawing, losses);
   for (Tags& variable : drawing.header) {

@@ -8,19 +8,19 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr std::array known{Release{"R12", r12},    Release{"2000", r2000}, Release{"2004", r2004},
-                           Release{"2007", r2007}, Release{"2010", r2010}, Release{"2013", r2013},
-                           Release{"2018", r2018}};
+constexpr std::array known_releases{
+    Release{"R12", r12},    Release{"2000", r2000}, Release{"2004", r2004}, Release{"2007", r2007},
+    Release{"2010", r2010}, Release{"2013", r2013}, Release{"2018", r2018}};
 
 }  // namespace
 
-std::span<const Release> releases() { return known; }
+std::span<const Release> releases() { return known_releases; }
 
 const Release* find_release(std::string_view name) {
-  const auto found = std::ranges::find_if(known, [&](const Release& release) {
+  const auto found = std::ranges::find_if(known_releases, [&](const Release& release) {
     return same_name(release.name, name) || same_name(release.version, name);
   });
-  return found == known.end() ? nullptr : &*found;
+  return found == known_releases.end() ? nullptr : &*found;
 }
 
 std::string_view release_name(std::string_view version) {

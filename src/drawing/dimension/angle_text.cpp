@@ -28,7 +28,7 @@ void take(const std::string& text, std::int32_t& value) {
   if (begin != text.npos) std::from_chars(text.data() + begin, text.data() + text.size(), value);
 }
 
-std::string fixed(double number, int decimals) {
+std::string fixed_point(double number, int decimals) {
   constexpr double noise = 1e-13;  // halves go up, as far as doubles can tell them
   std::array<char, 64> text{};
   const double limited = std::min(number, 1e15);
@@ -52,20 +52,20 @@ std::string shortened(std::string text, const AngleFormat& format, const DimVari
 
 /// One or two decimals show the minutes, three or four the seconds, more of them their decimals.
 std::string in_minutes(double degrees, int decimals) {
-  if (decimals == 0) return fixed(degrees, 0) + "%%d";
+  if (decimals == 0) return fixed_point(degrees, 0) + "%%d";
   constexpr double minutes_per_degree = 60, seconds_per_degree = 3600;
   if (decimals <= 2) {
     const double minutes = std::round(degrees * minutes_per_degree);
-    return fixed(std::floor(minutes / minutes_per_degree), 0) + "%%d" +
-           fixed(std::fmod(minutes, minutes_per_degree), 0) + "'";
+    return fixed_point(std::floor(minutes / minutes_per_degree), 0) + "%%d" +
+           fixed_point(std::fmod(minutes, minutes_per_degree), 0) + "'";
   }
   const int shown = std::max(decimals - 4, 0);
   const double step = std::pow(10, -shown);
   const double seconds = std::round(degrees * seconds_per_degree / step) * step;
   const double rest = std::fmod(seconds, seconds_per_degree);
-  return fixed(std::floor(seconds / seconds_per_degree), 0) + "%%d" +
-         fixed(std::floor(rest / minutes_per_degree), 0) + "'" +
-         fixed(std::fmod(rest, minutes_per_degree), shown) + "\"";
+  return fixed_point(std::floor(seconds / seconds_per_degree), 0) + "%%d" +
+         fixed_point(std::floor(rest / minutes_per_degree), 0) + "'" +
+         fixed_point(std::fmod(rest, minutes_per_degree), shown) + "\"";
 }
 
 }  // namespace
@@ -88,7 +88,9 @@ AngleFormat angle_format(const Drawing& drawing, RecordId dimension) {
 std::string angle_text(double angle, const AngleFormat& format, const DimVariables& v) {
   const int decimals = std::clamp(format.decimals < 0 ? v.decimals : format.decimals, 0, 8);
   const double degrees = angle * 180 / std::numbers::pi;
-  const auto text = [&](double number) { return shortened(fixed(number, decimals), format, v); };
+  const auto text = [&](double number) {
+    return shortened(fixed_point(number, decimals), format, v);
+  };
   switch (format.units) {
     case AngleFormat::minutes_and_seconds:
       return in_minutes(degrees, decimals);

@@ -14,7 +14,7 @@
 namespace velmar::drawing {
 namespace {
 
-Point direction(double angle) { return {std::cos(angle), std::sin(angle), 0}; }
+Point unit_vector(double angle) { return {std::cos(angle), std::sin(angle), 0}; }
 
 /// An index; or a method in the highest byte, and the colour in the others, as newer programs
 /// write.
@@ -128,7 +128,7 @@ class Drawer {
   }
 
   void add_tick(const ArrowPlace& place) {
-    const Point half = direction(place.angle + std::numbers::pi / 4) *
+    const Point half = unit_vector(place.angle + std::numbers::pi / 4) *
                        (v_.tick_size * v_.factor() * std::numbers::sqrt2);
     add_line({place.tip - half, place.tip + half}, v_.line_color, v_.line_weight);
   }
@@ -136,7 +136,7 @@ class Drawer {
   void add_closed_arrow(const ArrowPlace& place) {
     constexpr double half_width = 1.0 / 6;
     const double size = v_.arrow_size * v_.factor();
-    const Point along = direction(place.angle) * size, across = Point{-along.y, along.x, 0};
+    const Point along = unit_vector(place.angle) * size, across = Point{-along.y, along.x, 0};
     const Point base = place.tip - along;
     Solid solid;
     solid.corners = {base - across * half_width, base + across * half_width, place.tip, place.tip};
@@ -187,7 +187,7 @@ class Drawer {
     } else {
       MText placed = mtext();
       placed.insertion = world_(laid.text_middle);
-      placed.direction = world_.direction(direction(laid.text_angle));
+      placed.direction = world_.direction(unit_vector(laid.text_angle));
       placed.normal = dimension_.normal;
       content_.push_back({common, placed});
     }
@@ -198,8 +198,8 @@ class Drawer {
   void add_frame(const DimensionLayout& laid) {
     const double gap = -v_.text_gap * v_.factor();
     const TextRoom size = room();
-    const Point x = direction(laid.text_angle) * (size.width / 2 + gap);
-    const Point y = direction(laid.text_angle + std::numbers::pi / 2) * (size.height / 2 + gap);
+    const Point x = unit_vector(laid.text_angle) * (size.width / 2 + gap);
+    const Point y = unit_vector(laid.text_angle + std::numbers::pi / 2) * (size.height / 2 + gap);
     const Point m = laid.text_middle;
     const Point corners[] = {m - x - y, m + x - y, m + x + y, m - x + y};
     for (std::size_t i = 0; i < 4; ++i) {

@@ -9,7 +9,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double tolerance = layout_tolerance;
+constexpr double nearly_alike = layout_tolerance;
 /// The dimension line: from `start`, where it meets the first extension line, `length` along.
 struct Line {
   Point start, along, up;  // `up`: to the side on which texts stand
@@ -25,7 +25,7 @@ struct Line {
 Point foot(Point point, Point on_line, Point along, Point extension) {
   const Point across{-along.y, along.x, 0};
   const double slope = dot(extension, across);
-  if (std::abs(slope) < tolerance) return point;
+  if (std::abs(slope) < nearly_alike) return point;
   return point + extension * (dot(on_line - point, across) / slope);
 }
 
@@ -38,7 +38,7 @@ Line line_of(const Dimension& dimension) {
   line.first.z = line.second.z = on_line.z;
   line.angle = line_angle(dimension);
   const Point along = direction_of(line.angle);
-  const bool is_oblique = std::abs(std::sin(dimension.oblique)) > tolerance;
+  const bool is_oblique = std::abs(std::sin(dimension.oblique)) > nearly_alike;
   const Point extension = direction_of(line.angle + (is_oblique ? dimension.oblique : right_angle));
   line.start = foot(line.first, on_line, along, extension);
   const Point end = foot(line.second, on_line, along, extension);
@@ -78,7 +78,7 @@ class Layouter {
   double text_along() const { return room_along(text_, layout_.text_angle, line_.angle); }
   double text_across() const { return room_across(text_, layout_.text_angle, line_.angle); }
   bool is_parallel() const {
-    return std::abs(std::sin(layout_.text_angle - line_.angle)) < tolerance;
+    return std::abs(std::sin(layout_.text_angle - line_.angle)) < nearly_alike;
   }
 
   void place_text() {
@@ -119,7 +119,7 @@ class Layouter {
 
   void add_extension(Point from, Point to, bool suppressed) {
     const double length = norm(to - from);
-    if (suppressed || !(length > tolerance * (1 + norm(to)))) return;
+    if (suppressed || !(length > nearly_alike * (1 + norm(to)))) return;
     const Point along = (to - from) * (1 / length);
     const Point begin = from + along * std::min(sizes_.offset, length);
     layout_.extensions.push_back({begin, to + along * sizes_.beyond});
@@ -138,7 +138,7 @@ class Layouter {
   }
 
   void add_line(double from, double to) {
-    if (to - from > tolerance * (1 + line_.length)) {
+    if (to - from > nearly_alike * (1 + line_.length)) {
       layout_.lines.push_back({line_.at(from), line_.at(to)});
     }
   }
@@ -153,7 +153,7 @@ class Layouter {
 
   /// Where the text interrupts the dimension line.
   bool stands_in_line() const {
-    const double clear = text_across() / 2 + sizes_.gap * (1 - tolerance);
+    const double clear = text_across() / 2 + sizes_.gap * (1 - nearly_alike);
     return text_.width > 0 && std::abs(line_.height_of(layout_.text_middle)) < clear;
   }
 

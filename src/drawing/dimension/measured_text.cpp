@@ -58,15 +58,15 @@ std::string without_zeros(std::string text, std::int32_t zeros, std::int32_t sep
 int decimals_of(const DimVariables& v) { return std::clamp(v.decimals, 0, 8); }
 
 /// A length in whole units and a fraction of the variables' precision.
-struct Parts {
+struct TextParts {
   double whole = 0;
   long over = 0, under = 1;
 };
 
-Parts in_fractions(double length, int precision) {
+TextParts in_fractions(double length, int precision) {
   const long steps = 1L << precision;
   const double halves_up = std::floor(length * static_cast<double>(steps) + 0.5);
-  Parts parts;
+  TextParts parts;
   parts.whole = std::floor(halves_up / static_cast<double>(steps));
   parts.over = static_cast<long>(halves_up - parts.whole * static_cast<double>(steps));
   const long divisor = std::gcd(parts.over, steps);
@@ -75,13 +75,13 @@ Parts in_fractions(double length, int precision) {
   return parts;
 }
 
-std::string fraction_text(const Parts& parts, const DimVariables& v, TextForm form) {
+std::string fraction_text(const TextParts& parts, const DimVariables& v, TextForm form) {
   const std::string over = std::to_string(parts.over), under = std::to_string(parts.under);
   if (!is_stacked(v, form)) return over + "/" + under;
   return "{\\H1x;\\S" + over + (v.fraction == 1 ? "#" : "/") + under + ";}";
 }
 
-std::string fractional_text(const Parts& parts, const DimVariables& v, TextForm form) {
+std::string fractional_text(const TextParts& parts, const DimVariables& v, TextForm form) {
   if (parts.over == 0) return fixed(parts.whole, 0);
   const std::string fraction = fraction_text(parts, v, form);
   if (parts.whole == 0) return fraction;
@@ -105,7 +105,7 @@ std::string feet_and_inches(double feet, bool no_inches, const std::string& inch
 }
 
 std::string architectural_text(double length, const DimVariables& v, TextForm form) {
-  Parts parts = in_fractions(length, decimals_of(v));
+  TextParts parts = in_fractions(length, decimals_of(v));
   const double feet = std::floor(parts.whole / inches_per_foot);
   parts.whole -= feet * inches_per_foot;
   const bool no_inches = parts.whole == 0 && parts.over == 0;

@@ -7,7 +7,8 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr int application = 1001, text = 1000, brace = 1002, real = 1040, integer = 1070;
+constexpr int style_application = 1001, override_text = 1000, brace = 1002, real = 1040,
+              integer = 1070;
 
 dxf::Tag whole(const std::string& value) {
   dxf::Tag tag;
@@ -22,9 +23,9 @@ struct Span {
 /// From behind the application's name to the next application's.
 Span run_of_acad(const ExtendedData& data) {
   for (std::size_t i = 0; i < data.size(); ++i) {
-    if (data[i].first != application || data[i].second != "ACAD") continue;
+    if (data[i].first != style_application || data[i].second != "ACAD") continue;
     std::size_t end = i + 1;
-    while (end < data.size() && data[end].first != application) ++end;
+    while (end < data.size() && data[end].first != style_application) ++end;
     return {i + 1, end};
   }
   return {data.size(), data.size()};
@@ -33,7 +34,8 @@ Span run_of_acad(const ExtendedData& data) {
 /// What stands between the braces behind DSTYLE; empty where there are none.
 Span between_braces(const ExtendedData& data, Span run) {
   for (std::size_t i = run.begin; i + 1 < run.end; ++i) {
-    if (data[i] != std::pair(text, std::string("DSTYLE")) || data[i + 1].first != brace) continue;
+    if (data[i] != std::pair(override_text, std::string("DSTYLE")) || data[i + 1].first != brace)
+      continue;
     std::size_t end = i + 2;
     while (end < run.end && data[end].first != brace) ++end;
     return {i + 2, end};
@@ -71,7 +73,7 @@ struct Lister {
   void subclass(std::string_view) {}
   template <class Default>
   void operator()(std::string_view, int code, const std::string& value, const Default&) {
-    list.push_back({code, text, value});
+    list.push_back({code, override_text, value});
   }
   template <class Default>
   void operator()(std::string_view, int code, double value, const Default&) {
@@ -107,10 +109,10 @@ ExtendedData with_overrides(const ExtendedData& data, const Overrides& overrides
   const Span run = run_of_acad(data), present = between_braces(data, run);
   const auto at = [&](std::size_t i) { return data.begin() + static_cast<std::ptrdiff_t>(i); };
   const bool is_there = present.begin != 0;
-  ExtendedData result{{application, "ACAD"}};
+  ExtendedData result{{style_application, "ACAD"}};
   result.insert(result.end(), at(run.begin), at(is_there ? present.begin : run.end));
   if (!is_there) {
-    result.emplace_back(text, "DSTYLE");
+    result.emplace_back(override_text, "DSTYLE");
     result.emplace_back(brace, "{");
   }
   for (const Override& one : overrides) {

@@ -17,12 +17,12 @@ struct Side {
   Point way() const { return to - from; }
 };
 
-double cross_z(Point a, Point b) { return a.x * b.y - a.y * b.x; }
+double turning(Point a, Point b) { return a.x * b.y - a.y * b.x; }
 
 std::optional<Point> crossing(const Side& a, const Side& b) {
-  const double slope = cross_z(a.way(), b.way());
+  const double slope = turning(a.way(), b.way());
   if (std::abs(slope) <= 1e-12 * norm(a.way()) * norm(b.way())) return std::nullopt;
-  return a.from + a.way() * (cross_z(b.from - a.from, b.way()) / slope);
+  return a.from + a.way() * (turning(b.from - a.from, b.way()) / slope);
 }
 
 Reach reach(const Side& side, Point vertex, Point ray) {
@@ -35,15 +35,15 @@ Sector between(const Side& first, const Side& second, Point arc_point) {
   const auto vertex = crossing(first, second);
   if (!vertex) return {};
   const Point to_arc = arc_point - *vertex;
-  const double slope = cross_z(first.way(), second.way());
+  const double slope = turning(first.way(), second.way());
   // to_arc as so much of the one and so much of the other.
-  const double of_first = cross_z(to_arc, second.way()) / slope,
-               of_second = cross_z(first.way(), to_arc) / slope;
+  const double of_first = turning(to_arc, second.way()) / slope,
+               of_second = turning(first.way(), to_arc) / slope;
   const auto ray_of = [](const Side& side, double sign) {
     return side.way() * ((sign < 0 ? -1 : 1) / norm(side.way()));
   };
   const Point one = ray_of(first, of_first), other = ray_of(second, of_second);
-  const bool in_order = cross_z(one, other) > 0;
+  const bool in_order = turning(one, other) > 0;
   Sector sector;
   sector.vertex = *vertex;
   sector.radius = std::hypot(to_arc.x, to_arc.y);

@@ -8,7 +8,7 @@
 namespace velmar::drawing::dxf {
 namespace {
 
-constexpr std::string_view binary_mark("AutoCAD Binary DXF\r\n\x1a\0", 22);
+constexpr std::string_view mark_of_binary("AutoCAD Binary DXF\r\n\x1a\0", 22);
 constexpr std::string_view binary_name = "AutoCAD Binary DXF";
 constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 
@@ -78,14 +78,14 @@ void load_text(Store& store, std::size_t from) {
 
 void load_binary(Store& store) {
   const std::string_view bytes = store.source.bytes();
-  if (!bytes.starts_with(binary_mark)) {
+  if (!bytes.starts_with(mark_of_binary)) {
     refuse(store,
            "the mark of a binary DXF file is damaged, as by a program that changes line ends; get "
            "the file again, transferred as binary");
   }
   store.format.binary = true;
   store.format.wide_codes = bytes.size() > 23 && bytes[22] == 0 && bytes[23] == 0;
-  BinaryReader reader(bytes, binary_mark.size(), store.format);
+  BinaryReader reader(bytes, mark_of_binary.size(), store.format);
   read_records(store, reader);
 }
 

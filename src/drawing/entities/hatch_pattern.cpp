@@ -8,13 +8,13 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr double radians_of_degree = std::numbers::pi / 180;
+constexpr double radians_per_degree = std::numbers::pi / 180;
 
 Point turned(Point v, double angle) { return rotation({}, z_axis, angle).direction(v); }
 
 /// The definition gives a line's offset along the line and across it.
 PatternLine line_of(const PatternRow& row, double scale, double angle) {
-  const double direction = row.angle * radians_of_degree + angle;
+  const double direction = row.angle * radians_per_degree + angle;
   PatternLine line;
   line.angle = direction;
   line.base = turned(Point{row.x, row.y, 0} * scale, angle);

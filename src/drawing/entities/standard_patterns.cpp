@@ -5,7 +5,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr std::array rows{
+constexpr std::array pattern_rows{
     PatternRow{"ACAD_ISO02W100", 0, 0, 0, 0, 5, {12, -3}},
     PatternRow{"ACAD_ISO03W100", 0, 0, 0, 0, 5, {12, -18}},
     PatternRow{"ACAD_ISO04W100", 0, 0, 0, 0, 5, {24, -3, 0.5, -3}},
@@ -289,6 +289,6 @@ constexpr std::array rows{
 
 }  // namespace
 
-std::span<const PatternRow> standard_pattern_rows() { return rows; }
+std::span<const PatternRow> standard_pattern_rows() { return pattern_rows; }
 
 }  // namespace velmar::drawing

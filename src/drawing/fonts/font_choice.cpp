@@ -14,46 +14,46 @@ namespace {
 
 /// A family of outline fonts with its files, and what stands for it: files that begin with
 /// `stand_in`, scaled with the family's own capital height (in parts of the em).
-struct Family {
+struct FontFamily {
   std::string_view name;
   std::array<std::string_view, 4> files;  // regular, bold, italic, both
   std::string_view stand_in;
   double capital;
 };
 constexpr std::array families{
-    Family{"arial",
-           {"arial.ttf", "arialbd.ttf", "ariali.ttf", "arialbi.ttf"},
-           "LiberationSans",
-           0.716},
-    Family{"arial narrow",
-           {"arialn.ttf", "arialnb.ttf", "arialni.ttf", "arialnbi.ttf"},
-           "LiberationSansNarrow",
-           0.716},
-    Family{"times new roman",
-           {"times.ttf", "timesbd.ttf", "timesi.ttf", "timesbi.ttf"},
-           "LiberationSerif",
-           0.655},
-    Family{"courier new",
-           {"cour.ttf", "courbd.ttf", "couri.ttf", "courbi.ttf"},
-           "LiberationMono",
-           0.571},
-    Family{"verdana",
-           {"verdana.ttf", "verdanab.ttf", "verdanai.ttf", "verdanaz.ttf"},
-           "DejaVuSans",
-           0.727},
-    Family{"tahoma",
-           {"tahoma.ttf", "tahomabd.ttf", "tahoma.ttf", "tahomabd.ttf"},
-           "DejaVuSansCondensed",
-           0.727},
-    Family{"calibri",
-           {"calibri.ttf", "calibrib.ttf", "calibrii.ttf", "calibriz.ttf"},
-           "Carlito",
-           0.632},
+    FontFamily{"arial",
+               {"arial.ttf", "arialbd.ttf", "ariali.ttf", "arialbi.ttf"},
+               "LiberationSans",
+               0.716},
+    FontFamily{"arial narrow",
+               {"arialn.ttf", "arialnb.ttf", "arialni.ttf", "arialnbi.ttf"},
+               "LiberationSansNarrow",
+               0.716},
+    FontFamily{"times new roman",
+               {"times.ttf", "timesbd.ttf", "timesi.ttf", "timesbi.ttf"},
+               "LiberationSerif",
+               0.655},
+    FontFamily{"courier new",
+               {"cour.ttf", "courbd.ttf", "couri.ttf", "courbi.ttf"},
+               "LiberationMono",
+               0.571},
+    FontFamily{"verdana",
+               {"verdana.ttf", "verdanab.ttf", "verdanai.ttf", "verdanaz.ttf"},
+               "DejaVuSans",
+               0.727},
+    FontFamily{"tahoma",
+               {"tahoma.ttf", "tahomabd.ttf", "tahoma.ttf", "tahomabd.ttf"},
+               "DejaVuSansCondensed",
+               0.727},
+    FontFamily{"calibri",
+               {"calibri.ttf", "calibrib.ttf", "calibrii.ttf", "calibriz.ttf"},
+               "Carlito",
+               0.632},
     // The stand-in is wider: it is scaled so that widths agree.
-    Family{"consolas",
-           {"consola.ttf", "consolab.ttf", "consolai.ttf", "consolaz.ttf"},
-           "LiberationMono",
-           0.696},
+    FontFamily{"consolas",
+               {"consola.ttf", "consolab.ttf", "consolai.ttf", "consolaz.ttf"},
+               "LiberationMono",
+               0.696},
 };
 constexpr std::array last_resorts{"LiberationSans", "DejaVuSans"};
 
@@ -82,13 +82,13 @@ FontPointer opened_family(std::string_view family, std::size_t style, double cap
 }
 
 struct Found {
-  const Family* family = nullptr;
+  const FontFamily* family = nullptr;
   std::size_t style = 0;
 };
 
 Found family_of(const FontName& name) {
   const std::string file = lower_case(name.file), family_name = lower_case(name.family);
-  for (const Family& family : families) {
+  for (const FontFamily& family : families) {
     const auto listed = std::ranges::find(family.files, file);
     if (!file.empty() && listed != family.files.end()) {
       const auto style = static_cast<std::size_t>(listed - family.files.begin());

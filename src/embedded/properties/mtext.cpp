@@ -46,7 +46,7 @@ void put_spacing_distance(MText& text, const Value& value) {
   put_spacing_factor(text, to_number(value) / (line_pitch * text.height));
 }
 
-constexpr std::array text_rows{
+constexpr std::array mtext_rows{
     Property<MText>{Member::Width, [](const MText& text) -> Value { return text.width; },
                     put_width},
     Property<MText>{Member::Rotation, [](const MText& text) -> Value { return rotation(text); },
@@ -72,6 +72,6 @@ constexpr std::array text_rows{
 
 }  // namespace
 
-std::span<const Property<MText>> properties(const MText&) { return text_rows; }
+std::span<const Property<MText>> properties(const MText&) { return mtext_rows; }
 
 }  // namespace velmar::embedded
