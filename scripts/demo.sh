@@ -4,7 +4,7 @@ set -euo pipefail
 
 drawing=samples/detail.dxf
 pick=E0E0928    # a line; its layer is measured
-erase=E0E092E   # the line that is erased
+erase=E0E13C9   # the line that is erased: one that no other record names
 
 cd "$(dirname "$(readlink -f "$0")")/.."
 program=$(readlink -f "$1")
