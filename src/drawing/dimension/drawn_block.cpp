@@ -37,11 +37,10 @@ SpaceId own_block(Drawing& drawing, std::string& name) {
   return added;
 }
 
-SpaceId own_block(Drawing& drawing, Dimension& dimension) {
-  const std::string before = dimension.block;
-  const SpaceId own = own_block(drawing, dimension.block);
-  if (dimension.block != before) dimension.flags |= Dimension::own_block_flag;
-  return own;
+void show(Dimension& dimension, const std::string& block) {
+  if (dimension.block == block) return;
+  dimension.block = block;
+  dimension.flags |= Dimension::own_block_flag;
 }
 
 void require_layer_of_points(Drawing& drawing) {
@@ -156,7 +155,9 @@ void draw(Drawing& drawing, RecordId id) {
   require_layer_of_points(drawing);
   const DimensionLayout layout = layout_of(drawing, id);
   const std::vector<Entity> content = drawn_content(drawing, id);
-  fill(drawing, own_block(drawing, dimension), content);
+  std::string block = dimension.block;
+  fill(drawing, own_block(drawing, block), content);
+  show(dimension, block);
   if (dimension.is_linear()) {
     dimension.definition = ocs_to_world(dimension.normal)(layout.definition);
   }
@@ -187,9 +188,9 @@ void transform_dimension(Drawing& drawing, RecordId id, const Matrix& matrix) {
     drawing.write_body(id, dimension);
     return draw(drawing, id);
   }
-  const std::string block = dimension.block;
-  map_content(drawing, dimension.block, matrix * translation(offset));
-  if (dimension.block != block) dimension.flags |= Dimension::own_block_flag;
+  std::string block = dimension.block;
+  map_content(drawing, block, matrix * translation(offset));
+  show(dimension, block);
   dimension.block_offset = {};
   drawing.write_body(id, dimension);
   update_measured(drawing, id);
