@@ -15,7 +15,8 @@ std::vector<LayerId> LayerRows::ids(const Drawing& drawing) {
   for (std::uint32_t i = 0; i < drawing.layers().size(); ++i) {
     if (exists(drawing, static_cast<LayerId>(i))) ids.push_back(static_cast<LayerId>(i));
   }
-  std::ranges::stable_partition(ids, [&](LayerId id) { return drawing.layer(id).name == "0"; });
+  std::stable_partition(ids.begin(), ids.end(),
+                        [&](LayerId id) { return drawing.layer(id).name == "0"; });
   return ids;
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <ranges>
 
 #include "drawing/extents.h"
 #include "embedded/plan_geometry.h"
@@ -99,10 +98,10 @@ RecordId entity_at(const Drawing& drawing, SpaceId space, Point point) {
   const std::vector<Shown> shown = all_shown(drawing, space);
   const double half = pick_box_half(shown);
   const Box pick_box = box_around(point, half);
-  for (const Shown& entity : shown | std::views::reverse) {
-    if (overlap(pick_box, entity.box) && is_hit(drawing, entity.id, point, half)) return entity.id;
-  }
-  return RecordId::none;
+  const auto topmost = std::find_if(shown.rbegin(), shown.rend(), [&](const Shown& entity) {
+    return overlap(pick_box, entity.box) && is_hit(drawing, entity.id, point, half);
+  });
+  return topmost == shown.rend() ? RecordId::none : topmost->id;
 }
 
 std::vector<RecordId> entities_within(const Drawing& drawing, SpaceId space,
@@ -151,10 +150,10 @@ std::vector<RecordId> entities_on_fence(const Drawing& drawing, SpaceId space, c
 }
 
 RecordId last_visible(const Drawing& drawing, SpaceId space) {
-  for (const RecordId id : drawing.entities(space) | std::views::reverse) {
-    if (is_visible(drawing, id)) return id;
-  }
-  return RecordId::none;
+  const std::vector<RecordId> all = drawing.entities(space);
+  const auto last =
+      std::find_if(all.rbegin(), all.rend(), [&](RecordId id) { return is_visible(drawing, id); });
+  return last == all.rend() ? RecordId::none : *last;
 }
 
 }  // namespace velmar::embedded
