@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # run.sh [--peers] [COUNT...]: makes drawings of COUNT entities (100000 and 1000000), runs the everyday job and the walking
-# commands on each, and with --peers the same job with the peers (installs libdime-dev and python3-ezdxf where they are missing).
+# commands on each, counts the calls on the host, and times whole programs (programs.sh). With --peers the same with the
+# peers beside it; they are installed where they are missing. An hour with both, as two of the peers need minutes each.
 set -euo pipefail
 
 cd "$(dirname "$(readlink -f "$0")")/.."
@@ -8,12 +9,13 @@ peers=
 if [ "${1:-}" = --peers ]; then peers=yes; shift; fi
 [ $# -gt 0 ] || set -- 100000 1000000
 
-scripts/build.sh release velmar_bench velmar_walks
+scripts/build.sh release velmar_bench velmar_walks velmar_host_calls
 folder=build/bench
 mkdir -p "$folder"
 if [ -n "$peers" ]; then
-  scripts/install.sh libdime-dev python3-ezdxf
+  scripts/install.sh libdime-dev libdxflib-dev python3-ezdxf
   g++ -std=c++20 -O2 bench/peers/dime_job.cpp -o "$folder/dime_job" -ldime
+  g++ -std=c++20 -O2 bench/peers/dxflib_job.cpp -o "$folder/dxflib_job" -ldxflib
 fi
 for count in "$@"; do
   drawing=$folder/$count.dxf
@@ -23,6 +25,8 @@ for count in "$@"; do
   if [ -n "$peers" ]; then
     echo "dime:"
     "$folder/dime_job" "$drawing" A-WALL A-ANNO-NOTE 2
+    echo "dxflib:"
+    "$folder/dxflib_job" "$drawing" A-WALL 1
     echo "ezdxf:"
     /usr/bin/python3 bench/peers/ezdxf_job.py "$drawing" 1
     echo "cp:"
@@ -30,3 +34,8 @@ for count in "$@"; do
     rm -f "$drawing.copy"
   fi
 done
+
+echo "calls on the host:"
+build/release/bench/velmar_host_calls samples/detail.dxf GetTotalLength '#E0E0928'
+build/release/bench/velmar_host_calls samples/detail.dxf Alignement
+bench/programs.sh ${peers:+--peers}

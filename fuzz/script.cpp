@@ -46,7 +46,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const fuzz::WorkFolder folder;
   folder.clear();
   std::filesystem::copy_file(
-      std::filesystem::path(VELMAR_CORPUS) / "ezdxf/multi_insert_with_attribs.dxf",
+      std::filesystem::path(VELMAR_SOURCE) / "tests/corpus/ezdxf/multi_insert_with_attribs.dxf",
       folder.path() / "plan.dxf");
   fuzz::where_allowed<drawing::Error>(
       [&] { fuzz::run(fuzz::without_folders(fuzz::text_of(data, size))); });

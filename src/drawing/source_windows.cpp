@@ -34,6 +34,14 @@ HANDLE open(const std::filesystem::path& path, DWORD access) {
   throw Error(path.string() + ": " + why);
 }
 
+std::string too_large(std::uint64_t size) {
+  constexpr std::uint64_t megabyte = 1'000'000;
+  constexpr bool has_32_bits = sizeof(void*) == 4;
+  return "cannot be read: its " + std::to_string(size / megabyte) + " MB do not fit into " +
+         (has_32_bits ? "what this 32-bit program has of memory; use the 64-bit one"
+                      : "the memory");
+}
+
 /// The whole file, or what there is of it if it is cut short meanwhile.
 std::size_t read(HANDLE file, char* to, std::size_t size, const std::filesystem::path& path) {
   constexpr std::size_t at_once = 64 << 20;
@@ -75,7 +83,7 @@ Source Source::map(const std::filesystem::path& path) {
   if (stamp.size <= SIZE_MAX / 2) {
     bytes.reset(new (std::nothrow) char[static_cast<std::size_t>(stamp.size)]);
   }
-  if (!bytes) refuse(path, "cannot be read: it does not fit into the memory");
+  if (!bytes) refuse(path, too_large(stamp.size));
   Source source;
   source.bytes_ = {bytes.get(),
                    read(file.get(), bytes.get(), static_cast<std::size_t>(stamp.size), path)};

@@ -14,11 +14,10 @@ Value EntityObject::get(Member member) {
   require_alive();
   switch (member) {  // what every walk asks for
     case Member::ObjectName:
-      return drawing().object_name(id_);
+    case Member::Layer:
+      return text_at_hand(member);
     case Member::Handle:
       return drawing::handle_text(record().handle);
-    case Member::Layer:
-      return std::string_view(layer_name());
     case Member::TextString:
       if (!decoded_ &&
           (record().kind == drawing::Kind::text || record().kind == drawing::Kind::mtext)) {
@@ -28,6 +27,12 @@ Value EntityObject::get(Member member) {
     default:
       return translated([&] { return get_other(member); });
   }
+}
+
+std::string_view EntityObject::text_at_hand(Member member) {
+  if (member != Member::ObjectName && member != Member::Layer) return {};
+  require_alive();
+  return member == Member::Layer ? std::string_view(layer_name()) : drawing().object_name(id_);
 }
 
 void EntityObject::put(Member member, const Value& value) {

@@ -25,6 +25,7 @@ class EntityObject final : public host::Object {
       : document_(std::move(document)), id_(id) {}
 
   Value get(Member member) override;
+  std::string_view text_at_hand(Member member) override;
   void put(Member member, const Value& value) override;
   Value call(Member member, std::span<Value> arguments) override;
   std::unique_ptr<host::Enumerator> enumerate() override;

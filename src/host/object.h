@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <span>
+#include <string_view>
 
 #include "basic/value.h"
 #include "host/member.h"
@@ -24,6 +25,9 @@ class Enumerator {
 class Object : public basic::Referenced {
  public:
   virtual Value get(Member member) = 0;
+  /// A text property that the object has at hand, until the next change of the drawing; null where
+  /// get() must be asked. Spares a walk, which asks two of every entity, a Value around each.
+  virtual std::string_view text_at_hand(Member) { return {}; }
   virtual void put(Member member, const Value& value) = 0;
   /// Calls a method, or reads a property that takes arguments. Out-arguments are written back.
   virtual Value call(Member member, std::span<Value> arguments) = 0;

@@ -20,10 +20,15 @@ Value View::call_packed(Member member, std::span<Value> arguments) const {
 std::unique_ptr<Enumerator> View::enumerate() const { return existing().enumerate(); }
 
 std::shared_ptr<Object> to_object(const Value& value) {
+  Value copy = value;
+  return taken_object(copy);
+}
+
+std::shared_ptr<Object> taken_object(Value& value) {
   if (value.is<basic::Empty>()) return nullptr;
-  const auto* reference = value.if_is<basic::Reference>();
+  auto* reference = value.if_is<basic::Reference>();
   if (!reference) throw basic::Failure(basic::type_mismatch);
-  return std::static_pointer_cast<Object>(*reference);  // all that a Reference can be
+  return std::static_pointer_cast<Object>(std::move(*reference));  // all that a Reference can be
 }
 
 }  // namespace velmar::host

@@ -26,7 +26,8 @@ class View {
   View() = default;
   explicit View(std::shared_ptr<Object> object) : object_(std::move(object)) {}
 
-  const std::shared_ptr<Object>& object() const { return object_; }
+  const std::shared_ptr<Object>& object() const& { return object_; }
+  std::shared_ptr<Object> object() && { return std::move(object_); }
 
   /// The property, converted as Basic would; error 13 when it cannot be.
   template <class T>
@@ -50,6 +51,8 @@ class View {
 
 /// The object that a value refers to; null for an empty value, error 13 for anything else.
 std::shared_ptr<Object> to_object(const Value& value);
+/// The same, taken out of the value.
+std::shared_ptr<Object> taken_object(Value& value);
 
 template <class T>
 requires std::constructible_from<Value, const T&> Value to_value(const T& content) {
@@ -79,22 +82,13 @@ std::vector<T> from_list(const Value& value) {
   return items;
 }
 
-/// A string out of a value that is not needed any more. A short one is copied: moving it would read
-/// in one piece what was just written in several, and the processor waits for that; a walk takes
-/// two strings from each entity.
-inline std::string taken(std::string& text) {
-  constexpr std::size_t is_short = 15;
-  if (text.size() > is_short) return std::move(text);
-  return std::string(text.data(), text.size());
-}
-
 template <class T>
 T View::get(Member member) const {
-  Value value = get_value(member);
   if constexpr (std::same_as<T, std::string>) {
-    if (auto* text = value.if_is<std::string>()) return taken(*text);
+    const std::string_view text = existing().text_at_hand(member);
+    if (text.data()) return T(text);
   }
-  return from_value<T>(value);
+  return from_value<T>(get_value(member));
 }
 
 template <class T>

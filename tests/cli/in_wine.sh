@@ -60,4 +60,9 @@ printf 'UpperCase ä漢\nGetFolder "C:\\пл ан\\a.dxf"\n' >s.scr
 expect "a script" "$(velmar script s.scr | tr '\n' '|')" 'Ä漢|C:\пл ан|'
 expect "a word with quotation marks and backslashes" "$(velmar call UpperCase 'C:\a\"b c\\" d\')" 'C:\A\"B C\\" D\'
 expect "what doctor looks at" "$(velmar doctor | grep -c '^[a-z]* *\(class\|type library\), ')" 4
+if file -b "$program" | grep -q '^PE32 '; then
+  truncate -s 5G giant.dxf
+  expect "a drawing too large for 32 bits" "$(velmar info giant.dxf 2>&1 | tr -d '\r' | sed 's/.*giant/giant/')" \
+    'giant.dxf: cannot be read: its 5368 MB do not fit into what this 32-bit program has of memory; use the 64-bit one'
+fi
 exit "$failed"

@@ -1,12 +1,12 @@
 #include "drawing/dxf/binary_reader.h"
 
-#include <utility>
+#include <cstdint>
 
 namespace velmar::drawing::dxf {
 
 /// Reads the tag at `at_` without going past it.
 bool BinaryReader::next() {
-  here_ = bytes_.substr(at_);
+  here_ = bytes_.substr(at_, UINT32_MAX);  // as much as a cursor can count
   TagCursor cursor(here_, format_);
   if (cursor.next(tag_)) return true;
   if (cursor.damaged()) {
@@ -32,16 +32,18 @@ bool BinaryReader::head(HeadCollector& collector) {
 
 std::size_t BinaryReader::end_of_record() {
   damage_.reset();
-  std::optional<Damage> nameless;
-  while (next()) {
-    if (tag_.code == 0) {
-      if (plausible_name(tag_.text(here_))) break;
-      if (!nameless) nameless = no_name(at_, tag_.text(here_));
-    }
-    at_ += tag_.next;
-  }
+  while (next() && tag_.code != 0) at_ += tag_.next;
   if (damage_) at_ = bytes_.size();
-  if (!damage_) damage_ = std::move(nameless);
+  return at_;
+}
+
+std::size_t BinaryReader::pass_nameless() {
+  at_ = begin_;
+  next();
+  const Damage nameless = no_name(at_, tag_.text(here_));
+  at_ += tag_.next;
+  end_of_record();
+  if (!damage_) damage_ = nameless;
   return at_;
 }
 

@@ -18,8 +18,9 @@ class BinaryReader {
   bool head(HeadCollector& collector);
   std::size_t begin() const { return begin_; }
   std::size_t end_of_record();
+  std::size_t pass_nameless();
   /// Binary data that makes no sense cannot be passed over: the record goes on to the end of the
-  /// file. One that begins without a name belongs to the one before it.
+  /// file.
   const std::optional<Damage>& damage() const { return damage_; }
 
  private:

@@ -13,14 +13,14 @@
 /// inlined.
 namespace velmar::drawing::dxf {
 
-/// The first `wanted` in [from, end), or `end`. Mostly it is within the first 16 bytes.
+/// The first `wanted` in [from, end), or `end`. Mostly it is within the first 16 bytes, or the
+/// next: a coordinate in full has some 18.
 inline const char* find_byte(const char* from, const char* end, char wanted) {
 #if defined(__SSE2__)
-  if (end - from >= 16) {
+  for (int part = 0; part < 2 && end - from >= 16; ++part, from += 16) {
     const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
     const int found = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)));
     if (found != 0) return from + std::countr_zero(static_cast<unsigned>(found));
-    from += 16;
   }
 #endif
   const void* found = std::memchr(from, wanted, static_cast<std::size_t>(end - from));

@@ -30,14 +30,34 @@ std::string new_line_of(std::string_view bytes, char line_end) {
   return first != std::string_view::npos && first > 0 && bytes[first - 1] == '\r' ? "\r\n" : "\n";
 }
 
+/// The tags of a record are counted with 32 bits.
+void refuse_giant(const Store& store) {
+  constexpr std::uint64_t most = 0xFFFF'FFFF;
+  const auto latest = static_cast<RecordId>(store.records.size() - 1);
+  if (store.records_end - store.at(latest).begin <= most) return;
+  throw Error(store.where(latest, 0) + ": is larger than 4 GB, more than a record can be here");
+}
+
 /// What both forms have in common: one record after the other, up to EOF.
 template <class Reader>
 void read_records(Store& store, Reader& reader) {
   Structure structure(store);
   HeadCollector collector("");
+  const auto note_damage = [&] {
+    if (const auto& damage = reader.damage()) {
+      store.records.back().flags |= Record::damaged;
+      structure.warn(damage->offset, damage->text);
+    }
+  };
   store.records_end = reader.begin();
   while (reader.head(collector)) {
-    structure.begin(reader.begin(), collector.head());
+    if (!structure.begin(reader.begin(), collector.head())) {
+      if (store.records.empty()) refuse(store, "is no DXF drawing: its first group 0 is no name");
+      store.records_end = reader.pass_nameless();
+      note_damage();
+      refuse_giant(store);
+      continue;
+    }
     if (structure.at_eof()) {
       // What follows the two lines of EOF is not read.
       TagCursor cursor(store.source.bytes().substr(reader.begin()), store.format);
@@ -47,10 +67,8 @@ void read_records(Store& store, Reader& reader) {
       break;
     }
     store.records_end = reader.end_of_record();
-    if (const auto& damage = reader.damage()) {
-      store.records.back().flags |= Record::damaged;
-      structure.warn(damage->offset, damage->text);
-    }
+    note_damage();
+    refuse_giant(store);
     structure.end();
   }
   if (!structure.has_section()) refuse(store, "is no DXF drawing: it has no section");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "drawing/dxf/damage.h"
 #include "drawing/dxf/record_reader.h"
 #include "drawing/dxf/tag.h"
 #include "drawing/handle_index.h"
@@ -47,8 +48,10 @@ void Structure::warn(std::size_t offset, std::string text) {
   store_.warnings.push_back({line, handle, std::move(text)});
 }
 
-Kind Structure::kind_of(std::string_view name) {
-  return kinds_.get(name, [this](std::string_view wanted) { return store_.kind_named(wanted); });
+std::optional<Kind> Structure::kind_of(std::string_view name) {
+  return kinds_.get(name, [this](std::string_view wanted) {
+    return plausible_name(wanted) ? std::optional(store_.kind_named(wanted)) : std::nullopt;
+  });
 }
 
 /// Room for all records, as far as those that were read tell their number.
@@ -60,9 +63,11 @@ void Structure::make_room(std::size_t offset) {
   records.reserve(store_.source.bytes().size() / per_record * 9 / 8);
 }
 
-void Structure::begin(std::size_t offset, const Head& head) {
+bool Structure::begin(std::size_t offset, const Head& head) {
+  const std::optional<Kind> kind = kind_of(head.kind);
+  if (!kind) return false;
   make_room(offset);
-  kind_ = kind_of(head.kind);
+  kind_ = *kind;
   current_ = static_cast<RecordId>(store_.records.size());
   Record& record = store_.records.emplace_back();
   record.begin = offset;
@@ -73,6 +78,7 @@ void Structure::begin(std::size_t offset, const Head& head) {
   if (in_drawing_section && kind_ > Kind::block_record) {
     begin_entity(record, head);
   }
+  return true;
 }
 
 void Structure::begin_entity(Record& record, const Head& head) {

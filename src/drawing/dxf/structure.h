@@ -16,7 +16,8 @@ class Structure {
   explicit Structure(Store& store);
 
   /// A record begins.
-  void begin(std::size_t offset, const Head& head);
+  /// False: what should be its name is none, so it is no record.
+  bool begin(std::size_t offset, const Head& head);
   /// The record that began last ends where the next one begins; its bytes can be read.
   void end();
   /// All records have gone by.
@@ -30,7 +31,7 @@ class Structure {
   enum class Section { none, header, tables, blocks, entities, objects, other };
 
   void make_room(std::size_t offset);
-  Kind kind_of(std::string_view name);
+  std::optional<Kind> kind_of(std::string_view name);
   void begin_entity(Record& record, const Head& head);
   void end_section_start();
   void read_header();
@@ -55,7 +56,7 @@ class Structure {
   RecordId whole_ = RecordId::none;  // a POLYLINE or INSERT that parts may follow
   bool has_section_ = false;
 
-  ViewCache<Kind> kinds_;
+  ViewCache<std::optional<Kind>> kinds_;
   ViewCache<LayerId> layers_;
   ViewCache<SpaceId> owners_;
   std::unordered_map<Handle, SpaceId> space_of_owner_;

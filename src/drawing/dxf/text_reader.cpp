@@ -74,6 +74,11 @@ std::size_t TextReader::end_of_record() {
   return at_ = careful(at_);
 }
 
+std::size_t TextReader::pass_nameless() {
+  damage_.reset();
+  return at_ = careful(begin_);
+}
+
 std::size_t TextReader::careful(std::size_t from) {
   while (from < bytes_.size()) {
     const Line code = line(from);

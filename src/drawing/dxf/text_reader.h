@@ -24,6 +24,10 @@ class TextReader {
   /// Where the record ends and the next one begins. Damage within it is passed over: the record
   /// goes on to the next group 0 with a name.
   std::size_t end_of_record();
+  /// Goes from the head whose name turned out to be none to the next record; that is damage of the
+  /// record before it. Names that begin with a letter are left to the caller, who knows those that
+  /// came before.
+  std::size_t pass_nameless();
   /// Damage of the record that was ended last.
   const std::optional<Damage>& damage() const { return damage_; }
 
