@@ -22,7 +22,7 @@ using drawing::Drawing;
 using drawing::Record;
 using drawing::RecordId;
 
-enum Mode {
+enum class Mode : std::int32_t {
   window = 0,
   crossing = 1,
   fence = 2,
@@ -111,9 +111,9 @@ Value SelectionSet::select(Arguments& arguments) {
 
 /// A fence is open, the polygons are closed from the last point to the first.
 Value SelectionSet::select_by_polygon(Arguments& arguments) {
-  const std::int32_t mode = arguments.integer(0);
-  const bool is_fence = mode == fence;
-  if (!is_fence && mode != window_polygon && mode != crossing_polygon) {
+  const auto mode = static_cast<Mode>(arguments.integer(0));
+  const bool is_fence = mode == Mode::fence;
+  if (!is_fence && mode != Mode::window_polygon && mode != Mode::crossing_polygon) {
     throw invalid_argument("Mode", arguments.method());
   }
   const basic::Doubles& numbers = arguments.numbers(1, "PointsList");
@@ -128,10 +128,11 @@ Value SelectionSet::select_by_polygon(Arguments& arguments) {
   const SelectionFilter filter = SelectionFilter::from(arguments, 2);
   const drawing::SpaceId space = current_space(*document_);
   const Drawing& drawing = document_->drawing;
-  add(filter.passed(drawing, is_fence ? entities_on_fence(drawing, space, points)
-                                      : entities_within(drawing, space, points,
-                                                        mode == window_polygon ? Reach::window
-                                                                               : Reach::crossing)));
+  add(filter.passed(
+      drawing,
+      is_fence ? entities_on_fence(drawing, space, points)
+               : entities_within(drawing, space, points,
+                                 mode == Mode::window_polygon ? Reach::window : Reach::crossing)));
   return {};
 }
 
@@ -205,23 +206,23 @@ const SelectionSet::Entities& SelectionSet::entities() {
 SelectionSet::Entities SelectionSet::chosen_by_mode(const Arguments& arguments) const {
   const Drawing& drawing = document_->drawing;
   const drawing::SpaceId space = current_space(*document_);
-  const std::int32_t mode = arguments.integer(0);
+  const auto mode = static_cast<Mode>(arguments.integer(0));
   switch (mode) {
-    case window:
-    case crossing: {
+    case Mode::window:
+    case Mode::crossing: {
       if (!arguments.has(1)) throw invalid_argument("Point1", arguments.method());
       if (!arguments.has(2)) throw invalid_argument("Point2", arguments.method());
       const std::pair corners{arguments.point(1, "Point1"), arguments.point(2, "Point2")};
       return entities_within(drawing, space, corners,
-                             mode == window ? Reach::window : Reach::crossing);
+                             mode == Mode::window ? Reach::window : Reach::crossing);
     }
-    case previous:
+    case Mode::previous:
       return document_->previous_selection;
-    case last: {
+    case Mode::last: {
       const RecordId newest = last_visible(drawing, space);
       return newest == RecordId::none ? Entities{} : Entities{newest};
     }
-    case all:
+    case Mode::all:
       return all_drawn(drawing);
     default:
       throw invalid_argument("Mode", arguments.method());

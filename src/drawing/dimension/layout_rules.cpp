@@ -13,8 +13,6 @@ Point direction_of(double angle) {
   return {clean(std::cos(angle)), clean(std::sin(angle)), 0};
 }
 
-double angle_of(Point vector) { return std::atan2(vector.y, vector.x); }
-
 double readable(double angle) {
   const double turned = wrapped(angle);
   const bool is_upside_down =

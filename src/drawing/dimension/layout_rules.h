@@ -14,7 +14,6 @@ inline constexpr double right_angle = std::numbers::pi / 2;
 
 /// Along the axes without the noise of pi.
 Point direction_of(double angle);
-double angle_of(Point vector);
 /// The same line's direction that reads from below or from the right.
 double readable(double angle);
 

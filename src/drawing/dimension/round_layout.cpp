@@ -4,6 +4,7 @@
 
 #include "drawing/dimension/layout.h"
 #include "drawing/dimension/layout_rules.h"
+#include "drawing/geometry/angle.h"
 #include "drawing/geometry/ocs.h"
 
 namespace velmar::drawing {

@@ -14,8 +14,6 @@ namespace {
 
 Point direction(double angle) { return {std::cos(angle), std::sin(angle), 0}; }
 
-double angle_of(Point vector) { return std::atan2(vector.y, vector.x); }
-
 /// Where two lines in the plane cross, each through two points; nothing for parallel ones.
 std::optional<Point> crossing(Point a, Point b, Point c, Point d) {
   const Point along = b - a, other = d - c;

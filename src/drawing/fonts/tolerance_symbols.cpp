@@ -7,7 +7,7 @@
 namespace velmar::drawing {
 namespace {
 
-constexpr Point middle{symbol_width / 2, 10.5, 0};
+constexpr Point symbol_middle{symbol_width / 2, 10.5, 0};
 
 /// From a start on, in parts of a turn.
 std::vector<Point> arc(Point center, double radius, double start = 0, double sweep = 1) {
@@ -29,9 +29,9 @@ Strokes circled(char32_t letter) {
     for (const Point& p : stroke) width = std::max(width, p.x);
   }
   for (auto& stroke : strokes) {
-    for (Point& p : stroke) p = middle + (p - Point{width / 2, middle.y, 0}) * size;
+    for (Point& p : stroke) p = symbol_middle + (p - Point{width / 2, symbol_middle.y, 0}) * size;
   }
-  strokes.push_back(arc(middle, middle.y));
+  strokes.push_back(arc(symbol_middle, symbol_middle.y));
   return strokes;
 }
 
@@ -44,9 +44,9 @@ Strokes of_form(char32_t character) {
     case U'c':
       return {{{4, 3}, {22, 3}, {28, 18}, {10, 18}, {4, 3}}};
     case U'e':
-      return {arc(middle, 9)};
+      return {arc(symbol_middle, 9)};
     case U'g':
-      return {{{5, 1}, {14, 20}}, {{18, 1}, {27, 20}}, arc(middle, 6)};
+      return {{{5, 1}, {14, 20}}, {{18, 1}, {27, 20}}, arc(symbol_middle, 6)};
     case U'u':
       return {{{4, 10.5}, {28, 10.5}}};
     case U'd': {
@@ -80,9 +80,9 @@ Strokes of_place(char32_t character) {
     case U'i':
       return {{{10, 15}, {22, 15}}, {{4, 10.5}, {28, 10.5}}, {{10, 6}, {22, 6}}};
     case U'j':
-      return {{{4, 10.5}, {28, 10.5}}, {{16, 0}, {16, 21}}, arc(middle, 7)};
+      return {{{4, 10.5}, {28, 10.5}}, {{16, 0}, {16, 21}}, arc(symbol_middle, 7)};
     case U'r':
-      return {arc(middle, 9), arc(middle, 5)};
+      return {arc(symbol_middle, 9), arc(symbol_middle, 5)};
     default:
       return {};
   }
@@ -91,7 +91,7 @@ Strokes of_place(char32_t character) {
 Strokes of_size(char32_t character) {
   switch (character) {
     case U'n':
-      return {arc(middle, 8), {{7, 1}, {25, 20}}};
+      return {arc(symbol_middle, 8), {{7, 1}, {25, 20}}};
     case U'o':
       return {{{7, 2}, {25, 2}, {25, 20}, {7, 20}, {7, 2}}};
     case U'v':

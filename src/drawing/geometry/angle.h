@@ -3,9 +3,14 @@
 #include <cmath>
 #include <numbers>
 
+#include "drawing/geometry/point.h"
+
 namespace velmar::drawing {
 
 inline constexpr double full_turn = 2 * std::numbers::pi;
+
+/// The direction of a vector in the plane, in (-pi, pi].
+inline double angle_of(Point vector) { return std::atan2(vector.y, vector.x); }
 
 /// The same direction as an angle in [0, 2 pi).
 inline double wrapped(double angle) {
