@@ -35,8 +35,8 @@ struct Grid {
   Window cell(std::size_t number) const {
     const double wide = frame.width / static_cast<double>(columns);
     const double high = frame.height / static_cast<double>(rows);
-    const double left = wide * static_cast<double>(number % columns);
-    const double top = high * static_cast<double>(number / columns);
+    const std::size_t column = number % columns, row = number / columns;
+    const double left = wide * static_cast<double>(column), top = high * static_cast<double>(row);
     return {left, top, left + wide, top + high};
   }
 };

@@ -58,7 +58,7 @@ embedded::DocumentPointer Run::open(const std::string& file) {
   std::error_code ignored;
   if (fs::is_directory(path, ignored)) throw drawing::Error(file + ": is a folder, not a drawing");
   try {
-    const embedded::DocumentPointer document = application_->open(path);
+    embedded::DocumentPointer document = application_->open(path);
     show_warnings(file, document->drawing);
     note_name(*document, file);
     return document;

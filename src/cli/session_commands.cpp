@@ -73,7 +73,7 @@ void make_steps(embedded::DocumentState& document, int count, Step step, std::st
 }  // namespace
 
 embedded::DocumentPointer Interpreter::active() const {
-  const embedded::DocumentPointer document = run_.active();
+  embedded::DocumentPointer document = run_.active();
   if (!document) throw UsageError("no drawing is open: OPEN FILE");
   return document;
 }

@@ -257,8 +257,8 @@ std::string Drawing::read_linetype_name(RecordId id) const {
 std::string Drawing::read_text_string(RecordId id) const {
   constexpr int text_code = 1, pieces_code = 3;
   const bool is_line = store_->at(id).kind == Kind::text;
-  const auto found = is_line ? text_in_subclass(*store_, id, "AcDbText", text_code)
-                             : text_in_subclass(*store_, id, "AcDbMText", text_code, pieces_code);
+  auto found = is_line ? text_in_subclass(*store_, id, "AcDbText", text_code)
+                       : text_in_subclass(*store_, id, "AcDbMText", text_code, pieces_code);
   if (found && *found) return std::move(**found);
   const Body body = read_body(id);
   return is_line ? std::get<Text>(body).text : std::get<MText>(body).text;

@@ -27,7 +27,7 @@ bool leads_to(const std::filesystem::path& path, int file) {
 FileLock::FileLock(const std::filesystem::path& path) {
   using namespace std::chrono_literals;
   constexpr std::chrono::milliseconds pause = 10ms, patience = 30s;
-  for (auto waited = 0ms; waited < patience;) {
+  for (std::chrono::milliseconds waited{}; waited < patience;) {
     // Not blocking, so that a pipe is not waited for.
     file_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file_ < 0) return;

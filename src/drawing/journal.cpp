@@ -131,7 +131,7 @@ ContentMark mark_of(const std::vector<std::string_view>& pieces) {
 
 std::vector<OldRun> old_runs(std::string_view old_bytes,
                              const std::vector<std::string_view>& pieces) {
-  const std::less_equal<const char*> not_behind;
+  const std::less_equal<> not_behind;
   std::vector<OldRun> runs;
   std::size_t taken = 0;     // of the old bytes
   std::uint64_t offset = 0;  // in the new content

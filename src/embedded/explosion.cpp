@@ -23,7 +23,7 @@ using drawing::SpaceId;
 constexpr std::size_t most_entities = 100'000;
 
 Value explode_polyline(EntityObject& entity, Arguments&) {
-  const Body body = entity.body();
+  const Body& body = entity.body();
   const auto* heavy = std::get_if<drawing::Polyline>(&body);
   constexpr std::int32_t mesh = drawing::Polyline::mesh_flag | drawing::Polyline::polyface_flag;
   if (heavy && (heavy->flags & mesh) != 0) throw not_supported("Explode of a mesh");

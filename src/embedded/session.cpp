@@ -74,23 +74,23 @@ Session::DocumentObject Session::open(const fs::path& path, bool read_only) {
 
 Session::DocumentObject Session::open_file(const fs::path& path, bool read_only) {
   require_file(path);
-  if (const DocumentObject already = find(path)) {
+  if (DocumentObject already = find(path)) {
     activate(already);
     return already;
   }
   const fs::path full = fs::absolute(path).lexically_normal();
   if (on_open) on_open(full);
-  const DocumentObject document = begin(readable([&] { return drawing::Drawing::open(full); }));
+  DocumentObject document = begin(readable([&] { return drawing::Drawing::open(full); }));
   document->state()->read_only = read_only || is_write_protected(full);
   return document;
 }
 
 Session::DocumentObject Session::add(const std::optional<fs::path>& drawing_template) {
   if (drawing_template) require_file(*drawing_template);
-  const DocumentObject document = begin(drawing_template ? readable([&] {
+  DocumentObject document = begin(drawing_template ? readable([&] {
     return drawing::Drawing::read(bytes_of(*drawing_template), drawing_template->string());
   })
-                                                         : drawing::Drawing::empty());
+                                                   : drawing::Drawing::empty());
   document->state()->name_until_saved = "Drawing" + basic::general(++added_) + ".dwg";
   return document;
 }

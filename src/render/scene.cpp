@@ -96,7 +96,7 @@ void Scene::draw_entity(RecordId id, Place place) {
   } catch (const drawing::Error& error) {
     within_.resize(depth);
     constexpr std::size_t most_told = 20;
-    if (failures_.size() < most_told) failures_.push_back(error.what());
+    if (failures_.size() < most_told) failures_.emplace_back(error.what());
   }
 }
 
@@ -216,7 +216,7 @@ std::vector<std::string> Scene::warnings() const {
                     std::to_string(most_visits_) + " entities");
   }
   if (too_deep_)
-    lines.push_back("not all is drawn: blocks are nested too deeply, perhaps in themselves");
+    lines.emplace_back("not all is drawn: blocks are nested too deeply, perhaps in themselves");
   return lines;
 }
 

@@ -18,8 +18,8 @@ fs::path home() {
   std::array<char, 4096> texts{};
   passwd row{};
   passwd* found = nullptr;
-  ::getpwuid_r(::getuid(), &row, texts.data(), texts.size(), &found);
-  return found != nullptr ? fs::path(found->pw_dir) : fs::path();
+  const int refused = ::getpwuid_r(::getuid(), &row, texts.data(), texts.size(), &found);
+  return refused == 0 && found != nullptr ? fs::path(found->pw_dir) : fs::path();
 }
 
 /// A variable that holds no whole path counts as not set.

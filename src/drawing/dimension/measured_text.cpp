@@ -83,7 +83,7 @@ std::string fraction_text(const TextParts& parts, const DimVariables& v, TextFor
 
 std::string fractional_text(const TextParts& parts, const DimVariables& v, TextForm form) {
   if (parts.over == 0) return fixed(parts.whole, 0);
-  const std::string fraction = fraction_text(parts, v, form);
+  std::string fraction = fraction_text(parts, v, form);
   if (parts.whole == 0) return fraction;
   return fixed(parts.whole, 0) + (is_stacked(v, form) ? "" : " ") + fraction;
 }
@@ -160,7 +160,7 @@ std::string with_tolerance(double length, const DimVariables& v, TextForm form,
     return (number < 0 ? "-" : "") + write(std::abs(number), of_tolerance);
   };
   if (v.limits != 0) return stacked(text(length + v.plus), text(length - v.minus), v, form);
-  const std::string number = write(length, v);
+  std::string number = write(length, v);
   if (v.tolerance == 0) return number;
   if (v.plus == v.minus) return number + (v.plus == 0 ? "" : "%%p" + text(v.plus));
   const auto with_sign = [&](double change) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "drawing/dxf/chunk.h"
 #include "drawing/dxf/field_reader.h"
@@ -78,7 +79,7 @@ void FieldWriter::replace_run(std::initializer_list<int> codes, std::string byte
   for (std::size_t i = range_.first(); i < range_.last(); ++i) {
     const Tag& tag = record_.tags()[i];
     if (tag.in_group || std::ranges::find(codes, tag.code) == codes.end()) continue;
-    edits_.push_back({tag.begin, tag.next - tag.begin, is_first ? std::move(bytes) : ""});
+    edits_.push_back({tag.begin, tag.next - tag.begin, std::exchange(bytes, {})});
     is_first = false;
   }
   if (is_first && !bytes.empty()) insert(std::move(bytes));

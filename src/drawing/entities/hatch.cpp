@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 #include "drawing/geometry/ocs.h"
 
@@ -119,8 +120,9 @@ std::vector<std::vector<Point>> outlines(const Hatch& hatch) {
   const Matrix world = to_world(hatch);
   std::vector<std::vector<Point>> chains;
   for (const HatchLoop& loop : hatch.loops) {
-    std::vector<Point>& chain = chains.emplace_back(flatten(loop));
+    std::vector<Point> chain = flatten(loop);
     for (Point& point : chain) point = world(point);
+    chains.push_back(std::move(chain));
   }
   return chains;
 }

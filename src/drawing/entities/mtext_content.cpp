@@ -246,7 +246,7 @@ class Parser {
   }
 
   void finish_words() {
-    if (!words_.empty()) pieces_.push_back(Words{std::move(words_), format_});
+    if (!words_.empty()) pieces_.emplace_back(Words{std::move(words_), format_});
     words_.clear();
   }
 
