@@ -90,12 +90,16 @@ std::vector<Handle> handles_of(const Store& store, const std::set<std::uint32_t>
 /// this drawing was read from, also after saves since then.
 SaveEntry save_entry(const Store& store, const std::filesystem::path& path, bool same_file,
                      const std::vector<std::string_view>& pieces) {
-  SaveEntry entry{std::filesystem::absolute(path), {}, mark_of(pieces), {}};
+  std::error_code error;  // of what vanishes meanwhile
+  SaveEntry entry{std::filesystem::absolute(path, error), {}, mark_of(pieces), {}};
+  if (error) {
+    throw Error(path.string() + ": cannot be written: " + error.message() + "; nothing was saved");
+  }
   if (same_file) {
     const std::string_view before = store.source.bytes();
     entry.before = mark_of({before});
     entry.old = old_runs(before, pieces);
-  } else if (std::filesystem::exists(path) && std::filesystem::file_size(path) > 0) {
+  } else if (const auto size = std::filesystem::file_size(path, error); !error && size > 0) {
     const Source replaced = Source::map(path);
     entry.before = mark_of({replaced.bytes()});
     entry.old = old_runs(replaced.bytes(), {});

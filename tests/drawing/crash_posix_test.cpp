@@ -1,14 +1,13 @@
 // A program that is killed anywhere in a save leaves the old file or the new one.
 
-#include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <functional>
 
 #include "drawing/journal.h"
 #include "saving.h"
+#include "traced_process.h"
 
 namespace velmar::drawing {
 namespace {
@@ -16,26 +15,15 @@ namespace {
 /// Runs the work in a process of its own, which is killed at its n-th stop; each system call has
 /// two, before and after it takes effect. False where the work has fewer.
 bool is_killed_at(int n, const std::function<void()>& work) {
-  const pid_t child = ::fork();
-  if (child == 0) {
-    if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) ::_exit(1);
-    ::raise(SIGSTOP);
+  TracedProcess process([&] {
+    TracedProcess::begin();
     work();
-    ::_exit(0);
-  }
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  for (int stop = 0; stop < n && WIFSTOPPED(status); ++stop) {
-    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-    ::waitpid(child, &status, 0);
-  }
-  if (!WIFSTOPPED(status)) {
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "status " << status;
-    return false;
-  }
-  ::kill(child, SIGKILL);
-  ::waitpid(child, &status, 0);
-  return true;
+    return 0;
+  });
+  for (int stop = 0; stop < n && process.is_stopped(); ++stop) process.go_on();
+  if (process.is_stopped()) return true;
+  EXPECT_EQ(process.run_to_end(), 0);
+  return false;
 }
 
 struct Crash : Saving {
