@@ -8,6 +8,7 @@
 #include "host/bag_object.h"
 #include "host/entity_cast.h"
 #include "host/error_styles.h"
+#include "host/failing_object.h"
 
 namespace velmar::com {
 namespace {
@@ -108,6 +109,27 @@ TEST(HostServer, ABlockOfItemsFromAfarLeavesOutWhatWasErased) {
   std::string visited;
   while (items->next(item)) visited += host::Entity(host::to_object(item)).Handle() + " ";
   EXPECT_EQ(visited, "32 33 34 37 ");
+}
+
+TEST(HostServer, AFailureInTheMiddleOfAWalkComesBehindTheItemsBeforeItWithItsText) {
+  for (const bool from_afar : {false, true}) {
+    AutomatedScene scene;
+    const int third = 5;  // the collection is the first step, asking it for its items the second
+    const auto fault = std::make_shared<host::Fault>(host::Fault{third, {-7, "Host", "lost"}});
+    const auto space = scene.view(host::failing(scene.HostScene::document().object(), fault))
+                           .get<basic::Reference>(Member::ModelSpace);
+    const auto items = walk(*scene.connection->outward(space).get(), scene.connection, from_afar);
+    Value item;
+    EXPECT_TRUE(items->next(item) && items->next(item));
+    EXPECT_EQ(failure_number([&] { items->next(item); }), -7);
+    EXPECT_TRUE(items->next(item)) << "it may go on";
+    EXPECT_EQ(host::Entity(host::to_object(item)).Handle(), "32");
+    fault->at = fault->steps_taken + 1;
+    EXPECT_EQ(failure_text([&] {
+                while (items->next(item)) continue;
+              }),
+              "lost");
+  }
 }
 
 TEST(HostServer, QuestionsAreAnsweredThroughOutArguments) {

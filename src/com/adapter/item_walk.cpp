@@ -46,17 +46,18 @@ bool ItemWalk::fetch() {
   at_ = fetched_ = 0;
   if (ended_) return false;
   std::array<VARIANT, largest_block> items{};
+  forget_reported_failure();
   const HRESULT code =
       connection_->patiently([&] { return items_->Next(block_size_, items.data(), &fetched_); });
   if (FAILED(code)) {
     fetched_ = 0;
-    throw to_failure(code, step);
+    throw to_reported_failure(code, step);
   }
   for (ULONG i = 0; i < fetched_; ++i) {
     block_[i] = Variant();
     block_[i].fresh() = items[i];
   }
-  ended_ = fetched_ < block_size_;
+  ended_ = fetched_ == 0;  // a failure behind the last item comes only if it is asked for
   erasures_ = connection_->erasures;
   return fetched_ > 0;
 }

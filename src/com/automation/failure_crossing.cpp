@@ -111,6 +111,18 @@ Failure to_failure(EXCEPINFO& exception, std::string_view step) {
   return {number_of(code), to_utf8(source.get()), std::move(text)};
 }
 
+Failure to_reported_failure(HRESULT code, std::string_view step) {
+  ComPtr<IErrorInfo> information;
+  if (GetErrorInfo(0, information.put()) != S_OK) return to_failure(code, step);
+  EXCEPINFO exception{};
+  exception.scode = code;
+  information->GetSource(&exception.bstrSource);
+  information->GetDescription(&exception.bstrDescription);
+  return to_failure(exception, step);
+}
+
+void forget_reported_failure() { SetErrorInfo(0, nullptr); }
+
 HRESULT describe(const Failure& failure, EXCEPINFO* exception) {
   if (exception) {
     *exception = {};

@@ -18,6 +18,12 @@ basic::Failure to_failure(HRESULT code, std::string_view step = {});
 /// The failure that a callee described after DISP_E_EXCEPTION. Frees the texts.
 basic::Failure to_failure(EXCEPINFO& exception, std::string_view step = {});
 
+/// The failure that a callee left as this thread's error information, which is taken; the one for
+/// the code alone where it left none. What others left there before is to be forgotten before the
+/// call.
+basic::Failure to_reported_failure(HRESULT code, std::string_view step = {});
+void forget_reported_failure();
+
 /// Describes a failure to the caller of Invoke; `exception` may be null. DISP_E_EXCEPTION.
 HRESULT describe(const basic::Failure& failure, EXCEPINFO* exception);
 

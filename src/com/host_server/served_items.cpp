@@ -12,9 +12,14 @@ ServedItems::ServedItems(std::shared_ptr<host::Object> collection,
 
 HRESULT ServedItems::QueryInterface(REFIID id, void** found) {
   if (!found) return E_POINTER;
-  const bool known = id == __uuidof(IUnknown) || id == __uuidof(IEnumVARIANT);
-  *found = known ? this : nullptr;
-  if (!known) return E_NOINTERFACE;
+  *found = nullptr;
+  if (id == __uuidof(IUnknown) || id == __uuidof(IEnumVARIANT)) {
+    *found = static_cast<IEnumVARIANT*>(this);
+  } else if (id == __uuidof(ISupportErrorInfo)) {
+    *found = static_cast<ISupportErrorInfo*>(this);
+  } else {
+    return E_NOINTERFACE;
+  }
   AddRef();
   return S_OK;
 }
@@ -30,14 +35,18 @@ HRESULT ServedItems::Next(ULONG wanted, VARIANT* items, ULONG* fetched) {
   ULONG count = 0;
   HRESULT code = S_OK;
   try {
+    if (late_failure_) throw *std::exchange(late_failure_, std::nullopt);
     basic::Value item;
     while (count < wanted && items_->next(item)) {
       items[count] = to_variant(item, *all_).release();
       ++count;
     }
   } catch (...) {
-    // What was fetched before is handed out; the failure comes again with the next call.
-    if (count == 0) code = report(caught());
+    if (count == 0) {
+      code = report(caught());
+    } else {
+      late_failure_ = caught();
+    }
   }
   if (fetched) *fetched = count;
   if (FAILED(code)) return code;
@@ -57,10 +66,15 @@ HRESULT ServedItems::Skip(ULONG count) {
 HRESULT ServedItems::Reset() {
   try {
     items_ = collection_->enumerate();
+    late_failure_.reset();
     return S_OK;
   } catch (...) {
     return report(caught());
   }
+}
+
+HRESULT ServedItems::InterfaceSupportsErrorInfo(REFIID id) {
+  return id == __uuidof(IEnumVARIANT) ? S_OK : S_FALSE;
 }
 
 HRESULT ServedItems::Clone(IEnumVARIANT** copy) {

@@ -3,13 +3,15 @@
 #include <ole2.h>
 
 #include <memory>
+#include <optional>
 
+#include "basic/failure.h"
 #include "com/host_server/served_objects.h"
 
 namespace velmar::com {
 
 /// A walk over a host's collection for automation clients.
-class ServedItems final : public IEnumVARIANT {
+class ServedItems final : public IEnumVARIANT, public ISupportErrorInfo {
  public:
   /// Begins the walk; fails with a Failure where the object is no collection.
   ServedItems(std::shared_ptr<host::Object> collection, std::shared_ptr<ServedObjects> all);
@@ -20,10 +22,14 @@ class ServedItems final : public IEnumVARIANT {
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override;
 
+  /// A failure behind the first of the items leaves those before it as a short block, and comes
+  /// with the next call. Its texts are the thread's error information.
   HRESULT STDMETHODCALLTYPE Next(ULONG wanted, VARIANT* items, ULONG* fetched) override;
   HRESULT STDMETHODCALLTYPE Skip(ULONG count) override;
   HRESULT STDMETHODCALLTYPE Reset() override;
   HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override;
+
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override;
 
  private:
   ~ServedItems() = default;
@@ -31,6 +37,7 @@ class ServedItems final : public IEnumVARIANT {
   std::shared_ptr<host::Object> collection_;
   std::shared_ptr<ServedObjects> all_;
   std::unique_ptr<host::Enumerator> items_;
+  std::optional<basic::Failure> late_failure_;
   ULONG references_ = 1;
 };
 

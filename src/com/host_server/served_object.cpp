@@ -125,7 +125,7 @@ basic::Value ServedObject::answer(host::Member member, WORD flags,
 
 Variant ServedObject::items() {
   Variant variant;
-  variant.fresh().punkVal = new ServedItems(object_, all_);
+  variant.fresh().punkVal = static_cast<IEnumVARIANT*>(new ServedItems(object_, all_));
   variant.fresh().vt = VT_UNKNOWN;
   return variant;
 }
