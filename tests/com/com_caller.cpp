@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <algorithm>
 
 #include "com/automation/apartment.h"
@@ -15,20 +17,31 @@ namespace {
 /// automation. Leaving COM makes the component forget the host, so that the DLL is there longer.
 class ComCaller : public Caller {
  public:
-  explicit ComCaller(std::shared_ptr<embedded::Application> host)
-      : host_(std::move(host)), object_(server_.make_object()) {
+  explicit ComCaller(const std::shared_ptr<host::Object>& host)
+      : host_(host), object_(server_.make_object()) {
+    stay_loaded();
     if (!object_) throw std::runtime_error("there is no object of the component: " VELMAR_DLL);
     // The user of a new scene has answered nothing yet.
     for (const char* key : {"CLT", "J2TA", "J2T", "TI"}) {
       system_->save_setting({"Velmar", "Key", key}, "");
     }
   }
-  ~ComCaller() override { object_ = nullptr; }
+  ~ComCaller() override {
+    object_ = nullptr;
+    EXPECT_EQ(server_.call("DllCanUnloadNow"), S_OK);  // and with that it forgets the host
+    host_.withdraw();
+    EXPECT_EQ(host_.served->alive(), 0u) << "references that nobody let go";
+  }
 
   Outcome call(std::string_view method, std::vector<basic::Value> arguments) override;
   System& system() override { return *system_; }
 
  private:
+  /// A sweep makes more callers than a process can load the DLL anew: docs/reliability.md, limits.
+  static void stay_loaded() {
+    [[maybe_unused]] static HMODULE const dll = LoadLibraryW(L"" VELMAR_DLL);
+  }
+
   com::LoadedServer server_{VELMAR_DLL};
   com::Apartment apartment_;
   com::SceneHost host_;
@@ -77,8 +90,8 @@ Outcome ComCaller::call(std::string_view method, std::vector<basic::Value> argum
 
 }  // namespace
 
-std::unique_ptr<Caller> make_caller(std::shared_ptr<embedded::Application> host) {
-  return std::make_unique<ComCaller>(std::move(host));
+std::unique_ptr<Caller> make_caller(std::shared_ptr<host::Object> host) {
+  return std::make_unique<ComCaller>(host);
 }
 
 }  // namespace velmar

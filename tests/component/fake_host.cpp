@@ -193,10 +193,9 @@ Bag FakeDocument::make_selection_set(const std::string& name) {
 }
 
 FakeHost::FakeHost() {
-  const auto application = std::make_shared<BagObject>();
   application->properties[Member::Application] = session_;
   activate(document);
-  install_host_factory([this, application] {
+  install_host_factory([this] {
     ++created;
     return decorate(application);
   });
@@ -209,7 +208,10 @@ FakeHost::~FakeHost() {
 }
 
 void FakeHost::activate(const FakeDocument& active) {
-  session_->properties[Member::ActiveDocument] = active.object;
+  // Over COM the object that was found is the application itself.
+  for (const Bag& asked : {application, session_}) {
+    asked->properties[Member::ActiveDocument] = active.object;
+  }
 }
 
 }  // namespace velmar

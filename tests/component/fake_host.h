@@ -66,6 +66,7 @@ class FakeHost {
   void activate(const FakeDocument& document);
 
   FakeDocument document;
+  const Bag application = std::make_shared<BagObject>();
   int created = 0;  // how often the host application object was made
   /// What the factory hands out in place of the plain object.
   std::function<std::shared_ptr<host::Object>(Bag)> decorate = [](Bag plain) { return plain; };

@@ -8,7 +8,7 @@
 #include "basic/failure.h"
 #include "basic/value.h"
 #include "component/system.h"
-#include "embedded/application.h"
+#include "host/object.h"
 
 namespace velmar {
 
@@ -30,6 +30,6 @@ class Caller {
 };
 
 /// Made by the one file of the test program that knows the way. The methods drive this host.
-std::unique_ptr<Caller> make_caller(std::shared_ptr<embedded::Application> host);
+std::unique_ptr<Caller> make_caller(std::shared_ptr<host::Object> host);
 
 }  // namespace velmar

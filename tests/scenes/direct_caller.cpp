@@ -46,7 +46,7 @@ class SceneSystem : public PlainSystem {
 
 class DirectCaller : public Caller {
  public:
-  explicit DirectCaller(std::shared_ptr<embedded::Application> host)
+  explicit DirectCaller(std::shared_ptr<host::Object> host)
       : system_(std::make_shared<SceneSystem>(
             std::filesystem::temp_directory_path() /
             ("velmar-data-" + std::to_string(std::random_device{}())))),
@@ -83,7 +83,7 @@ class DirectCaller : public Caller {
 
 std::vector<std::string> browsed;
 
-std::unique_ptr<Caller> make_caller(std::shared_ptr<embedded::Application> host) {
+std::unique_ptr<Caller> make_caller(std::shared_ptr<host::Object> host) {
   return std::make_unique<DirectCaller>(std::move(host));
 }
 

@@ -18,19 +18,25 @@ std::filesystem::path new_folder() {
 
 }  // namespace
 
-Scene::Scene(const std::string& entities) : folder_(new_folder()) {
-  open(file("plan.dxf", embedded::drawing_text(entities)));
+Scene::Scene(const std::string& entities, const Between& between) : folder_(new_folder()) {
+  open(file("plan.dxf", embedded::drawing_text(entities)), between);
 }
 
 Scene::Scene(const std::filesystem::path& drawing) : folder_(new_folder()) {
   const std::filesystem::path copy = folder_ / drawing.filename();
   std::filesystem::copy_file(drawing, copy);
-  open(copy);
+  open(copy, std::identity());
 }
 
-void Scene::open(const std::filesystem::path& drawing) {
+void Scene::open(const std::filesystem::path& drawing, const Between& between) {
   application_ = embedded::start(user_, {{drawing}});
-  caller_ = make_caller(application_);
+  caller_ = make_caller(between(application_));
+}
+
+Outcome Scene::call(std::string_view method, std::vector<basic::Value> arguments) {
+  Outcome outcome = caller_->call(method, std::move(arguments));
+  application_->forget_failed_open();  // as between two commands of a session
+  return outcome;
 }
 
 Scene::~Scene() {

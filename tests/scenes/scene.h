@@ -2,6 +2,7 @@
 
 #include <concepts>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,8 +21,11 @@ namespace velmar {
 /// at what the drawing has become.
 class Scene {
  public:
+  /// What comes between the methods and the host.
+  using Between = std::function<std::shared_ptr<host::Object>(std::shared_ptr<host::Object>)>;
+
   /// With these entities, as lines "code value"; see embedded::drawing_text for what else there is.
-  explicit Scene(const std::string& entities);
+  explicit Scene(const std::string& entities, const Between& between = std::identity());
   /// With a copy of this drawing.
   explicit Scene(const std::filesystem::path& drawing);
   ~Scene();
@@ -33,10 +37,9 @@ class Scene {
 
   template <class... Arguments>
   Outcome run(std::string_view method, Arguments&&... arguments) {
-    Outcome outcome = caller_->call(method, {basic::Value(std::forward<Arguments>(arguments))...});
-    application_->forget_failed_open();  // as between two commands of a session
-    return outcome;
+    return call(method, {basic::Value(std::forward<Arguments>(arguments))...});
   }
+  Outcome call(std::string_view method, std::vector<basic::Value> arguments);
 
   /// Since the answers were given.
   std::vector<std::string> asked() const;
@@ -66,7 +69,7 @@ class Scene {
   std::string content(const std::string& name) const;
 
  private:
-  void open(const std::filesystem::path& drawing);
+  void open(const std::filesystem::path& drawing, const Between& between);
 
   std::filesystem::path folder_;
   embedded::ScriptedInput user_;
