@@ -46,7 +46,7 @@ TEST(RunningHost, IsFoundAnewAfterItsProcessHasEnded) {
   const auto bag = std::make_shared<BagObject>();
   bag->properties[Member::Caption] = "second";
   SceneHost second(bag);
-  const CLSID id = guid("0D7E0F7A-6A0B-4B52-9C39-1E7A5C6B8D21");
+  const CLSID id = SceneProgram::class_id;
   second.withdraw();
   std::optional<PublishedApplication> first(std::in_place, id, CLSCTX_INPROC_SERVER, fake);
   const host::HostApplication host(host_factory()());

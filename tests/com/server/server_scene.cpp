@@ -20,16 +20,16 @@ VARIANT left_out() {
   return variant;
 }
 
-DISPID ServerScene::id_of(std::string_view name) const {
+DISPID id_of(IDispatch& object, std::string_view name) {
   std::wstring wide = to_wide(name);
   LPOLESTR names = wide.data();
   DISPID id = DISPID_UNKNOWN;
-  object_->GetIDsOfNames(IID_NULL, &names, 1, 0, &id);
+  object.GetIDsOfNames(IID_NULL, &names, 1, 0, &id);
   return id;
 }
 
-Answer ServerScene::call(std::string_view method, std::vector<VARIANT> arguments,
-                         std::vector<DISPID> named) const {
+Answer call_on(IDispatch& object, std::string_view method, std::vector<VARIANT> arguments,
+               std::vector<DISPID> named) {
   std::ranges::reverse(arguments);
   std::ranges::reverse(named);
   DISPPARAMS given{arguments.data(), named.data(), static_cast<UINT>(arguments.size()),
@@ -37,8 +37,9 @@ Answer ServerScene::call(std::string_view method, std::vector<VARIANT> arguments
   Answer answer;
   Variant result;
   EXCEPINFO exception{};
-  answer.code = object_->Invoke(id_of(method), IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                                &given, &result.fresh(), &exception, &answer.wrong_argument);
+  answer.code =
+      object.Invoke(id_of(object, method), IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                    &given, &result.fresh(), &exception, &answer.wrong_argument);
   answer.result = to_value(result.get());
   answer.error = exception.scode;
   answer.source = to_utf8(Bstr::taking(exception.bstrSource).get());

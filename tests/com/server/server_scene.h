@@ -6,6 +6,7 @@
 
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "com/automation/apartment.h"
@@ -36,14 +37,19 @@ VARIANT reference_to(T& variable, VARTYPE type) {
 VARIANT number(double value);
 VARIANT left_out();
 
+DISPID id_of(IDispatch& object, std::string_view name);
+/// Arguments in the order of the parameters; those behind `named` parameters have these positions.
+Answer call_on(IDispatch& object, std::string_view method, std::vector<VARIANT> arguments,
+               std::vector<DISPID> named = {});
+
 /// An object of the server, on a thread in COM.
 class ServerScene : public testing::Test {
  protected:
-  DISPID id_of(std::string_view name) const;
-  /// Arguments in the order of the parameters; those behind `named` parameters have these
-  /// positions.
+  DISPID id_of(std::string_view name) const { return com::id_of(*object_.get(), name); }
   Answer call(std::string_view method, std::vector<VARIANT> arguments,
-              std::vector<DISPID> named = {}) const;
+              std::vector<DISPID> named = {}) const {
+    return call_on(*object_.get(), method, std::move(arguments), std::move(named));
+  }
 
   Apartment apartment_;
   LoadedServer server_{VELMAR_DLL};
