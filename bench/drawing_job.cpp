@@ -63,7 +63,7 @@ int turn_texts(const std::string& layer) {
   int turned = 0;
   for (const host::Entity& candidate : model_space()) {
     if (candidate.ObjectName() != host::Text::class_name || candidate.Layer() != layer) continue;
-    const auto text = entity<host::Text>(candidate.Handle());
+    const auto text = host::as<host::Text>(candidate);
     text.Rotation(text.Rotation() + 0.25);
     ++turned;
   }

@@ -1,11 +1,24 @@
 #include "drawing/dxf/record_tags.h"
 
+#include <algorithm>
+
 namespace velmar::drawing::dxf {
+
+namespace {
+
+/// Room for the tags of a record: what does for an ordinary one, and just enough for a giant, whose
+/// list would else be moved, and its memory doubled, again and again.
+std::size_t room_for(std::string_view bytes, const Format& format) {
+  constexpr std::size_t ordinary = 96, giant = 1 << 20;
+  if (bytes.size() < giant || format.binary) return ordinary;
+  return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), format.line_end)) / 2 + 1;
+}
+
+}  // namespace
 
 RecordTags::RecordTags(std::string_view bytes, const Format& format)
     : bytes_(bytes), format_(format) {
-  constexpr std::size_t ordinary = 96;
-  tags_.reserve(ordinary);
+  tags_.reserve(room_for(bytes, format));
   TagCursor cursor(bytes, format);
   Tag tag;
   bool in_group = false;
