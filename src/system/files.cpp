@@ -94,7 +94,12 @@ void rename_file(std::string_view from, std::string_view to) {
   // Another file system, or one that does not know the call.
   std::error_code error;
   fs::copy_file(old_name, target, error);
-  if (!error) fs::remove(old_name, error);
+  if (error) {
+    std::error_code ignored;
+    if (error != std::errc::file_exists) fs::remove(target, ignored);  // what was copied of it
+    fail(error);
+  }
+  fs::remove(old_name, error);
   if (error) fail(error);
 }
 

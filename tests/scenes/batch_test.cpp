@@ -11,6 +11,8 @@ namespace {
 namespace fs = std::filesystem;
 
 using embedded::head;
+using host::Member;
+using host::Point;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -49,6 +51,36 @@ std::string with_unused_layer() {
 
 bool has_layer(const std::string& drawing, const std::string& name) {
   return drawing::Drawing::read(drawing, name).find_layer(name).has_value();
+}
+
+TEST(UnloadXref, UnloadsTheFirstReferenceOfThatNameAndReloadsItWithTheNextCall) {
+  Scene scene{std::string()};
+  const auto model = scene.document().get<host::View>(Member::ModelSpace);
+  for (const char* const name : {"Title_tb", "A2-TB", "XREF-SITE"}) {
+    scene.file(std::string(name) + ".dwg", "a drawing");
+    model.call(Member::AttachExternalReference, std::string(name) + ".dwg", name, Point{}, 1.0, 1.0,
+               1.0, 0.0, false);
+  }
+  const auto loaded = [&] {
+    constexpr std::int32_t resolved = 32;
+    std::string names;
+    for (const char* const name : {"Title_tb", "A2-TB", "XREF-SITE"}) {
+      const auto space = drawing::index(*scene.drawing().find_space(name));
+      if ((scene.drawing().spaces()[space].flags & resolved) != 0) names += std::string(name) + " ";
+    }
+    return names;
+  };
+  EXPECT_EQ(loaded(), "Title_tb A2-TB XREF-SITE ");
+  EXPECT_FALSE(scene.run("Unload_TB").failure);
+  EXPECT_EQ(loaded(), "A2-TB XREF-SITE ");
+  EXPECT_FALSE(scene.run("Unload_Xref").failure);
+  EXPECT_EQ(loaded(), "A2-TB ");
+  EXPECT_FALSE(scene.run("Unload_TB").failure);
+  EXPECT_EQ(loaded(), "Title_tb A2-TB ");
+
+  fs::remove(scene.folder() / "XREF-SITE.dwg");
+  EXPECT_TRUE(scene.run("Unload_Xref").failure) << "there is nothing to load";
+  EXPECT_EQ(loaded(), "Title_tb A2-TB ");
 }
 
 TEST(PurgeALLFolder, PurgesThoseOfTheSubfoldersOnlyWhereThereAreAny) {

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <cmath>
+#include <numbers>
+
 #include "basic/conversion.h"
 #include "scenes/entity_lines.h"
 #include "scenes/scene.h"
@@ -132,6 +135,27 @@ TEST(AlignDimension, PutsParallelDimensionLinesOnOneLine) {
   EXPECT_EQ(scene.document().SelectionSets().Count(), 0);
   EXPECT_FALSE(scene.answers({"^C"}).run("AlignDimension").failure);
   EXPECT_THAT(scene.said(), testing::IsEmpty());
+}
+
+TEST(AlignDimension, TakesARotatedDimensionAsItIsTurned) {
+  Scene scene{std::string()};
+  const auto model_space = scene.document().ModelSpace();
+  const auto add = [&](Point first, Point second, Point line) {
+    constexpr double upright = std::numbers::pi / 2;
+    return host::from_value<host::Entity>(
+        model_space.call(Member::AddDimRotated, first, second, line, upright));
+  };
+  const auto text_of = [](const host::Entity& dimension) {
+    return dimension.get<Point>(Member::TextPosition);
+  };
+  const host::Entity base = add({0, 0, 0}, {10, 40, 0}, {-20, 0, 0});
+  const host::Entity other = add({5, 50, 0}, {8, 90, 0}, {-35, 0, 0});
+  const double other_y = text_of(other).y;
+  ASSERT_GT(std::abs(text_of(other).x - text_of(base).x), 10);
+  scene.answers({"#" + base.Handle(), "#" + other.Handle(), ""});
+  EXPECT_FALSE(scene.run("AlignDimension").failure);
+  EXPECT_NEAR(text_of(other).x, text_of(base).x, 1e-9);
+  EXPECT_NEAR(text_of(other).y, other_y, 1e-9);
 }
 
 TEST(ScaleXY, RedrawsAlignedDimensionsOnTheMeasuredPoints) {

@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <stdlib.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -48,6 +53,44 @@ TEST_F(Environment, WritesSettingsThroughALinkAndLeavesNothingBeside) {
   EXPECT_TRUE(fs::is_symlink(top_ / "velmar/settings.ini"));
   EXPECT_EQ(system_->setting({"Velmar", "Key", "CLT"}), "Title");
   EXPECT_EQ(std::distance(fs::directory_iterator(top_), fs::directory_iterator()), 2);
+}
+
+TEST_F(Environment, FindsTheFoldersOfAUserWithoutVariables) {
+  ::unsetenv("HOME");
+  ::unsetenv("XDG_DATA_HOME");
+  const fs::path home = ::getpwuid(::getuid())->pw_dir;
+  EXPECT_EQ(system_->special_folder(26), (home / ".local/share/velmar").string());
+}
+
+TEST_F(Environment, MovesAFileToAnotherFileSystemOrNotAtAll) {
+  const fs::path there = "/dev/shm/" + top_.filename().string();  // in memory, where it is mounted
+  std::ofstream(top_ / "small") << "content";
+  std::ofstream(top_ / "large") << std::string(1 << 20, 'x');
+  system_->move_file((top_ / "small").string(), there.string());
+  EXPECT_EQ(system_->read_text(there.string()), "content");
+  EXPECT_FALSE(fs::exists(top_ / "small"));
+  fs::remove(there);
+
+  struct ::stat here_status {
+  }, there_status{};
+  ::stat(top_.c_str(), &here_status);
+  ::stat("/dev/shm", &there_status);
+  const bool is_renamed = here_status.st_dev == there_status.st_dev;
+  rlimit usual{};
+  ::getrlimit(RLIMIT_FSIZE, &usual);
+  const rlimit little{4096, usual.rlim_max};
+  ::signal(SIGXFSZ, SIG_IGN);
+  ::setrlimit(RLIMIT_FSIZE, &little);
+  const auto move = [&] { system_->move_file((top_ / "large").string(), there.string()); };
+  if (is_renamed) {
+    move();
+  } else {
+    EXPECT_THROW(move(), basic::Failure);
+  }
+  ::setrlimit(RLIMIT_FSIZE, &usual);
+  EXPECT_NE(fs::exists(there), fs::exists(top_ / "large"));
+  EXPECT_EQ(fs::file_size(is_renamed ? there : top_ / "large"), 1u << 20);
+  fs::remove(there);
 }
 
 TEST_F(Environment, TellsTheMarksInNumbers) {
