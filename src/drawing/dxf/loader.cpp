@@ -43,19 +43,20 @@ template <class Reader>
 void read_records(Store& store, Reader& reader) {
   Structure structure(store);
   HeadCollector collector("");
-  const auto note_damage = [&] {
+  // Ends the latest record there, and tells the damage that the reader met on the way.
+  const auto end_record = [&](std::size_t end) {
+    store.records_end = end;
     if (const auto& damage = reader.damage()) {
       store.records.back().flags |= Record::damaged;
       structure.warn(damage->offset, damage->text);
     }
+    refuse_giant(store);
   };
   store.records_end = reader.begin();
   while (reader.head(collector)) {
     if (!structure.begin(reader.begin(), collector.head())) {
       if (store.records.empty()) refuse(store, "is no DXF drawing: its first group 0 is no name");
-      store.records_end = reader.pass_nameless();
-      note_damage();
-      refuse_giant(store);
+      end_record(reader.pass_nameless());
       continue;
     }
     if (structure.at_eof()) {
@@ -66,9 +67,7 @@ void read_records(Store& store, Reader& reader) {
       store.records_end = reader.begin() + tag.next;
       break;
     }
-    store.records_end = reader.end_of_record();
-    note_damage();
-    refuse_giant(store);
+    end_record(reader.end_of_record());
     structure.end();
   }
   if (!structure.has_section()) refuse(store, "is no DXF drawing: it has no section");
