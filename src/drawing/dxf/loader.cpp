@@ -82,7 +82,7 @@ void load_text(Store& store, std::size_t from) {
   const std::string_view bytes = store.source.bytes();
   store.format.line_end = line_end_of(bytes);
   store.format.new_line = new_line_of(bytes, store.format.line_end);
-  TextReader reader(bytes, from, store.format.line_end);
+  TextReader reader(bytes, from, store.format.new_line);
   if (!reader.first()) {
     refuse(store, "is no DXF drawing: " +
                       (reader.damage()

@@ -20,6 +20,14 @@ std::int32_t leading_number(std::string_view text) {
 
 }  // namespace
 
+TextReader::TextReader(std::string_view bytes, std::size_t from, const std::string& new_line)
+    : bytes_(bytes),
+      at_(from),
+      line_end_(new_line.back()),
+      usual_{KnownLines<1>("  0" + new_line), KnownLines<1>("  5" + new_line),
+             KnownLines<1>("330" + new_line), KnownLines<1>("100" + new_line),
+             KnownLines<3>("100" + new_line + "AcDbEntity" + new_line + "  8" + new_line)} {}
+
 TextReader::Line TextReader::line(std::size_t from) const {
   const char* const end = bytes_.data() + bytes_.size();
   const char* const start = bytes_.data() + from;
@@ -38,24 +46,56 @@ bool TextReader::first() {
   return at_ < bytes_.size() && !damage_;
 }
 
+/// Reads the head from its first line on as far as it is what most programs write: name, handle,
+/// owner, class, layer. Whole lines are compared, so that no code is decoded. Where it stopped: at
+/// a group code line.
+const char* TextReader::usual_head(const char* at, HeadCollector& collector) {
+  const char* const end = bytes_.data() + bytes_.size();
+  const auto take_line = [&]() __attribute__((always_inline)) {
+    const char* const begin = at;
+    const char* const stop = find_byte(begin, end, line_end_);
+    at = stop + (stop != end);
+    return trimmed(begin, stop);
+  };
+  const auto take = [&](int code, std::string_view text) {
+    collector.take(code, text, [&] { return leading_number(text); });
+  };
+  if (!usual_.zero.pass(at, end)) take_line();
+  collector = HeadCollector(take_line());
+  if (!usual_.handle.pass(at, end)) return at;
+  take(5, take_line());
+  if (!usual_.owner.pass(at, end)) return at;
+  if (!owner_line_.pass(at, end)) {
+    const char* const begin = at;
+    owner_ = take_line();
+    owner_line_ = KnownLines<2>({begin, static_cast<std::size_t>(at - begin)});
+  }
+  take(330, owner_);
+  if (!usual_.class_and_layer.pass(at, end)) return at;
+  take(8, take_line());
+  // The search for the next record does not wait for where the marker ends.
+  const char* const marker = at;
+  if (usual_.marker.pass(at, end)) take(100, take_line());
+  return marker;
+}
+
 bool TextReader::head(HeadCollector& collector) {
   begin_ = at_;
   if (at_ >= bytes_.size()) return false;
   const char* const end = bytes_.data() + bytes_.size();
-  LineEnds line_ends(bytes_.data() + at_, end, line_end_);
-  const char* const zero = line_ends.next();
-  const char* last = line_ends.next();
-  collector = HeadCollector(zero == end ? std::string_view() : trimmed(zero + 1, last));
-  while (!collector.complete() && last != end) {
+  const char* at = usual_head(bytes_.data() + at_, collector);
+  LineEnds line_ends(at, end, line_end_);
+  while (!collector.complete() && at != end) {
     const char* const code_end = line_ends.next();
-    const std::int32_t code = code_end == end ? -1 : plain_code(last + 1, code_end);
+    const std::int32_t code = code_end == end ? -1 : plain_code(at, code_end);
     if (code <= 0) break;  // the next record, or a line to be looked at with care
     const char* const value = code_end + 1;
-    last = line_ends.next();
+    const char* const last = line_ends.next();
     const std::string_view text = trimmed(value, last);
     collector.take(code, text, [&] { return leading_number(text); });
+    at = last + (last != end);
   }
-  at_ = static_cast<std::size_t>(last - bytes_.data()) + (last != end);
+  at_ = static_cast<std::size_t>(at - bytes_.data());
   return true;
 }
 

@@ -7,14 +7,15 @@
 
 #include "drawing/dxf/damage.h"
 #include "drawing/dxf/head.h"
+#include "drawing/dxf/known_lines.h"
 
 namespace velmar::drawing::dxf {
 
 /// Finds the records of text DXF one after the other, each with its head.
 class TextReader {
  public:
-  TextReader(std::string_view bytes, std::size_t from, char line_end)
-      : bytes_(bytes), at_(from), line_end_(line_end) {}
+  /// Lines end with the last character of `new_line`.
+  TextReader(std::string_view bytes, std::size_t from, const std::string& new_line);
 
   /// Goes to the first record; false if there is none.
   bool first();
@@ -38,13 +39,23 @@ class TextReader {
     bool whole = true;  // has a line end
   };
   Line line(std::size_t from) const;
+  const char* usual_head(const char* at, HeadCollector& collector);
   std::size_t careful(std::size_t from);
   std::size_t resynchronise(std::size_t from);
   bool record_begins(std::size_t at) const;
 
+  /// The lines, values left out, with which most programs begin an entity.
+  struct UsualLines {
+    KnownLines<1> zero, handle, owner, marker;
+    KnownLines<3> class_and_layer;
+  };
+
   std::string_view bytes_;
   std::size_t at_;  // a group code line
   char line_end_;
+  UsualLines usual_;
+  std::string_view owner_;  // that came last
+  KnownLines<2> owner_line_;
   std::size_t begin_ = 0;
   std::optional<Damage> damage_;
 };
