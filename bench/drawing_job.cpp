@@ -54,7 +54,7 @@ Answers answers_for(const std::string& drawing) {
 /// The handle of an entity of the layer, for the command's pick.
 std::string on_layer(const std::string& layer) {
   for (const host::Entity& candidate : model_space()) {
-    if (candidate.Layer() == layer) return candidate.Handle();
+    if (candidate.is_on(layer)) return candidate.Handle();
   }
   return {};
 }
@@ -62,7 +62,7 @@ std::string on_layer(const std::string& layer) {
 int turn_texts(const std::string& layer) {
   int turned = 0;
   for (const host::Entity& candidate : model_space()) {
-    if (candidate.ObjectName() != host::Text::class_name || candidate.Layer() != layer) continue;
+    if (!candidate.has_class(host::Text::class_name) || !candidate.is_on(layer)) continue;
     const auto text = host::as<host::Text>(candidate);
     text.Rotation(text.Rotation() + 0.25);
     ++turned;

@@ -37,7 +37,7 @@ void remove_insertions(const Removal& removal) {
 
   std::int32_t count = 0;
   for (const host::Entity& candidate : model_space()) {
-    if (candidate.ObjectName() != BlockReference::class_name) continue;
+    if (!candidate.has_class(BlockReference::class_name)) continue;
     const auto reference = entity<BlockReference>(candidate.Handle());
     if (reference.Name() != name) continue;
     ++count;

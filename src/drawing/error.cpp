@@ -10,12 +10,17 @@ namespace {
 /// again.
 constexpr Handle highest_handle = 0x0FFF'FFFF'FFFF'FFFF;
 
-/// 16 for what is no digit.
-unsigned hexadecimal_digit(char c) {
-  if (c >= '0' && c <= '9') return static_cast<unsigned>(c - '0');
-  const char upper = static_cast<char>(c & ~0x20);
-  return upper >= 'A' && upper <= 'F' ? static_cast<unsigned>(upper - 'A' + 10) : 16;
-}
+/// What each byte is as a hexadecimal digit; 16 for what is none. A table, as handles mix digits
+/// and letters in no order that could be foreseen.
+constexpr auto hexadecimal_digits = [] {
+  std::array<std::uint8_t, 256> digits{};
+  digits.fill(16);
+  for (std::uint8_t i = 0; i < 10; ++i) digits['0' + i] = i;
+  for (std::uint8_t i = 0; i < 6; ++i) {
+    digits['A' + i] = digits['a' + i] = static_cast<std::uint8_t>(10 + i);
+  }
+  return digits;
+}();
 
 }  // namespace
 
@@ -36,7 +41,7 @@ Handle parse_handle(std::string_view text) {
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   Handle handle = 0;
   for (const char c : text) {
-    const unsigned digit = hexadecimal_digit(c);
+    const unsigned digit = hexadecimal_digits[static_cast<unsigned char>(c)];
     if (digit > 15 || handle > highest_handle >> 4) return 0;
     handle = handle << 4 | digit;
   }

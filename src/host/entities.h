@@ -20,8 +20,16 @@ struct Entity : View {
   /// Upper-case hexadecimal.
   std::string Handle() const { return get<std::string>(Member::Handle); }
   std::string ObjectName() const { return get<std::string>(Member::ObjectName); }
+  /// Whether that is its `ObjectName`, letter for letter.
+  bool has_class(std::string_view class_name) const {
+    return with_text(Member::ObjectName, [&](std::string_view name) { return name == class_name; });
+  }
 
   std::string Layer() const { return get<std::string>(Member::Layer); }
+  /// Whether that is its `Layer`, letter for letter.
+  bool is_on(std::string_view layer) const {
+    return with_text(Member::Layer, [&](std::string_view name) { return name == layer; });
+  }
   void Layer(std::string_view name) const { put(Member::Layer, name); }
   /// A colour index: 1 to 255, 0 by block, 256 by layer.
   std::int32_t Color() const { return get<std::int32_t>(Member::Color); }

@@ -41,7 +41,10 @@ constexpr bool accepts(std::string_view view, std::string_view object_name) {
 /// The entity through the view of a kind, nothing where it is of another kind.
 template <std::derived_from<Entity> T>
 std::optional<T> try_as(const Entity& entity) {
-  if (!accepts(T::class_name, entity.ObjectName())) return std::nullopt;
+  const bool is_taken = entity.with_text(Member::ObjectName, [](std::string_view object_name) {
+    return accepts(T::class_name, object_name);
+  });
+  if (!is_taken) return std::nullopt;
   return T(entity.object());
 }
 

@@ -32,6 +32,10 @@ class View {
   /// The property, converted as Basic would; error 13 when it cannot be.
   template <class T>
   T get(Member member) const;
+  /// What `use` makes of the text of the property, which it sees without a copy where the host has
+  /// it at hand.
+  template <class Use>
+  auto with_text(Member member, Use use) const;
   template <class T>
   void put(Member member, const T& value) const;
   /// Calls a method. A `Value&` argument receives what the host wrote into it, also when the call
@@ -82,13 +86,26 @@ std::vector<T> from_list(const Value& value) {
   return items;
 }
 
+template <class Use>
+auto View::with_text(Member member, Use use) const {
+  const std::string_view at_hand = existing().text_at_hand(member);
+  if (at_hand.data()) return use(at_hand);
+  const Value value = get_value(member);
+  if (const auto* text = value.if_is<std::string>()) return use(std::string_view(*text));
+  return use(std::string_view(basic::convert<std::string>(value)));
+}
+
 template <class T>
 T View::get(Member member) const {
   if constexpr (std::same_as<T, std::string>) {
-    const std::string_view text = existing().text_at_hand(member);
-    if (text.data()) return T(text);
+    const std::string_view at_hand = existing().text_at_hand(member);
+    if (at_hand.data()) return T(at_hand);
+    Value value = get_value(member);
+    if (auto* text = value.if_is<std::string>()) return std::move(*text);
+    return basic::convert<T>(value);
+  } else {
+    return from_value<T>(get_value(member));
   }
-  return from_value<T>(get_value(member));
 }
 
 template <class T>

@@ -15,7 +15,7 @@ using host::Entity;
 template <class Act>
 void for_each_of(const std::string& class_name, Act act) {
   for (const Entity& candidate : model_space()) {
-    if (candidate.ObjectName() == class_name) act(candidate);
+    if (candidate.has_class(class_name)) act(candidate);
   }
   utility().Prompt(new_line(autocad_ready));
 }
@@ -32,7 +32,7 @@ Empty Velmar16::ColLayerObj(std::int16_t& Color, std::string& LayerName, std::st
   std::int32_t no_colour = 0;
   MLayer(LayerName, no_colour);
   for_each_of(ObjectName, [&](const Entity& it) {
-    if (it.Layer() == LayerName) it.Color(Color);
+    if (it.is_on(LayerName)) it.Color(Color);
   });
   return {};
 }

@@ -41,21 +41,19 @@ class NamesWith {
 }  // namespace
 
 std::int16_t Velmar16::GetNOLayer(std::string LayerName) {
-  return count_in_model_space(
-      [&](const Entity& candidate) { return candidate.Layer() == LayerName; });
+  return count_in_model_space([&](const Entity& candidate) { return candidate.is_on(LayerName); });
 }
 
 std::int16_t Velmar16::GetNType(std::string ObjectName) {
   const std::string kind = class_named(ObjectName);
-  return count_in_model_space(
-      [&](const Entity& candidate) { return candidate.ObjectName() == kind; });
+  return count_in_model_space([&](const Entity& candidate) { return candidate.has_class(kind); });
 }
 
 std::int16_t Velmar16::GetNTypeLayer(std::string ObjectName, std::string LayerName) {
   const std::string kind = class_named(ObjectName);
   NamesWith layers(LayerName);
   return count_in_model_space([&](const Entity& candidate) {
-    if (candidate.ObjectName() != kind || !layers.has(candidate.Layer())) return false;
+    if (!candidate.has_class(kind) || !layers.has(candidate.Layer())) return false;
     candidate.Handle();  // Kept: read for nothing, but a host may refuse it.
     return true;
   });

@@ -61,7 +61,7 @@ void rescale_all(ResumeNext& step, const std::string& linetype, double scale) {
     bool is_meant = false, is_line = false;
     step([&] { is_meant = same.as(candidate.Linetype()); });
     if (!is_meant) continue;
-    step([&] { is_line = candidate.ObjectName() == Line::class_name; });
+    step([&] { is_line = candidate.has_class(Line::class_name); });
     if (is_line) {
       replace_line(step, candidate, linetype, scale);
     } else {

@@ -58,10 +58,8 @@ Empty Velmar16::Replace(std::string& LayerName, bool& CirVis) {
   GetNTypeLayer("PL", LayerName);  // fails where they are too many to be counted
   RowsAndColumns centres;
   for (const Entity& candidate : model_space()) {
-    if (candidate.ObjectName() != host::LightweightPolyline::class_name ||
-        candidate.Layer() != LayerName) {
-      continue;
-    }
+    if (!candidate.has_class(host::LightweightPolyline::class_name)) continue;
+    if (!candidate.is_on(LayerName)) continue;
     const Entity polyline = active_document().HandleToObject(candidate.Handle());
     const Point centre = centre_of(*this, polyline.GetBoundingBox());
     centres.add(centre);

@@ -32,8 +32,8 @@ void for_each_polyline(ResumeNext& step, const std::string& layer, Act act) {
     for (const Entity& candidate : model_space()) {
       std::string handle;
       step([&] {
-        if (candidate.ObjectName() != LightweightPolyline::class_name) return;
-        if (candidate.Layer() == layer) handle = candidate.Handle();
+        if (!candidate.has_class(LightweightPolyline::class_name)) return;
+        if (candidate.is_on(layer)) handle = candidate.Handle();
       });
       if (!handle.empty()) act(handle);
     }

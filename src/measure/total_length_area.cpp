@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -46,15 +47,20 @@ const Total area = {
     .message = "Total Area For PolyLine & Ellipse On Layer: ",
 };
 
+/// The row of the entity's kind, null for none.
+const Measured* row_of(const Entity& candidate, const Total& total) {
+  return candidate.with_text(host::Member::ObjectName, [&](std::string_view class_name) {
+    const auto found = std::ranges::find(total.kinds, class_name, &Measured::class_name);
+    return found == total.kinds.end() ? nullptr : &*found;
+  });
+}
+
 /// Adds the entity's measure to `sum` if it counts, and says whether it does.
 bool add(const Entity& candidate, const Total& total, std::string_view layer, double& sum) {
-  const std::string class_name = candidate.ObjectName();
-  for (const Measured& kind : total.kinds) {
-    if (class_name != kind.class_name || candidate.Layer() != layer) continue;
-    sum += kind.measure(candidate.Handle());
-    return true;
-  }
-  return false;
+  const Measured* kind = row_of(candidate, total);
+  if (!kind || !candidate.is_on(layer)) return false;
+  sum += kind->measure(candidate.Handle());
+  return true;
 }
 
 /// False when an entity failed: then there is no total to print.

@@ -43,7 +43,7 @@ std::int16_t Velmar16::CountInText() {
   basic::Count count;
   LayerList layers;
   for (const Entity& candidate : model_space()) {
-    if (candidate.ObjectName() != host::Text::class_name) continue;
+    if (!candidate.has_class(host::Text::class_name)) continue;
     const auto text = entity<host::Text>(candidate.Handle());
     if (basic::folded(text.TextString()).find(wanted) == std::u16string::npos) continue;
     ++count;

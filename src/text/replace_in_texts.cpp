@@ -86,7 +86,7 @@ Empty Velmar16::ReplaceInT(std::string& OldT, std::string& NewT, std::string& La
     const std::string kind = candidate.ObjectName();
     const bool is_line = kind == host::Text::class_name;
     if (!is_line && kind != host::MText::class_name) continue;
-    if (!LayerName.empty() && candidate.Layer() != LayerName) continue;
+    if (!LayerName.empty() && !candidate.is_on(LayerName)) continue;
     if (is_line) {
       replace_in(entity<host::Text>(candidate.Handle()), edited_line, wanted);
     } else {

@@ -14,7 +14,7 @@ template <class OnLayer>
 void replace_whole_texts(const std::string& old_text, const std::string& new_text,
                          OnLayer on_layer) {
   for (const Entity& candidate : model_space()) {
-    if (candidate.ObjectName() != host::Text::class_name || !on_layer(candidate)) continue;
+    if (!candidate.has_class(host::Text::class_name) || !on_layer(candidate)) continue;
     const auto text = entity<host::Text>(candidate.Handle());
     if (text.TextString() != old_text) continue;
     if (new_text.empty()) {
@@ -33,7 +33,7 @@ Empty Velmar16::ReplaceT(std::string& OldT, std::string& NewT) {
 }
 
 Empty Velmar16::ReplaceTL(std::string& OldT, std::string& NewT, std::string& TLayer) {
-  replace_whole_texts(OldT, NewT, [&](const Entity& text) { return text.Layer() == TLayer; });
+  replace_whole_texts(OldT, NewT, [&](const Entity& text) { return text.is_on(TLayer); });
   return {};
 }
 

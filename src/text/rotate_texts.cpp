@@ -34,9 +34,7 @@ Empty Velmar16::RotateAllText(std::string LayerName, double RotatValue, bool& AL
 
   std::string single_line_text = "T";
   for (const Entity& candidate : model_space()) {
-    if (candidate.ObjectName() != host::Text::class_name || candidate.Layer() != LayerName) {
-      continue;
-    }
+    if (!candidate.has_class(host::Text::class_name) || !candidate.is_on(LayerName)) continue;
     const auto text = entity<host::Text>(candidate.Handle());
     if (!ALLT && degrees(text.Rotation()) != picked_at) continue;
     Value handle = text.Handle();

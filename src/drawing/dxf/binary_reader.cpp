@@ -19,7 +19,7 @@ bool BinaryReader::next() {
 bool BinaryReader::head(HeadCollector& collector) {
   begin_ = at_;
   if (!next() || tag_.code != 0) return false;
-  collector = HeadCollector(tag_.text(here_));
+  collector.begin(tag_.text(here_));
   at_ += tag_.next;
   while (!collector.complete() && next() && tag_.code != 0) {
     collector.take(tag_.code, tag_.text(here_), [&] {

@@ -18,8 +18,12 @@ struct Head {
 /// extended data, belongs to the body.
 class HeadCollector {
  public:
-  explicit HeadCollector(std::string_view kind) : handle_code_(kind == "DIMSTYLE" ? 105 : 5) {
+  /// Begins a head.
+  void begin(std::string_view kind) {
+    head_ = Head();
     head_.kind = kind;
+    handle_code_ = kind == "DIMSTYLE" ? 105 : 5;
+    in_group_ = complete_ = false;
   }
 
   bool complete() const { return complete_; }
@@ -66,7 +70,7 @@ class HeadCollector {
   }
 
   Head head_;
-  int handle_code_;
+  int handle_code_ = 5;
   bool in_group_ = false;
   bool complete_ = false;
 };

@@ -29,6 +29,7 @@ class KnownLines {
     std::array<std::uint64_t, words> there;
     std::memcpy(there.data(), at, capacity);
     std::uint64_t difference = 0;
+#pragma GCC unroll 4
     for (std::size_t i = 0; i < words; ++i) difference |= (there[i] ^ bytes_[i]) & mask_[i];
     if (difference != 0) return false;
     at += size_;

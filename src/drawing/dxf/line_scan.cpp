@@ -38,8 +38,8 @@ struct PortableMasks : PortableParity {
       const int shift = 16 * part;
       masks.line_feed |= bits(feed) << shift;
       masks.carriage_return |= bits(carriage) << shift;
-      masks.blank |= bits(blank) << shift;
       masks.zero |= bits(zero) << shift;
+      masks.digit |= bits(digit) << shift;
       masks.usual |= bits(usual) << shift;
     }
     return masks;
@@ -56,8 +56,8 @@ struct PortableMasks : PortableParity {
       const std::uint64_t bit = std::uint64_t{1} << i;
       if (c == '\n') masks.line_feed |= bit;
       if (c == '\r') masks.carriage_return |= bit;
-      if (c == ' ') masks.blank |= bit;
       if (c == '0') masks.zero |= bit;
+      if (c >= '0' && c <= '9') masks.digit |= bit;
       if ((c >= '0' && c <= '9') || c == ' ' || c == '\n' || c == '\r') masks.usual |= bit;
     }
     return masks;

@@ -15,7 +15,8 @@ namespace velmar::drawing::dxf {
 
 /// The first `wanted` in [from, end), or `end`. Mostly it is within the first 16 bytes, or the
 /// next: a coordinate in full has some 18.
-inline const char* find_byte(const char* from, const char* end, char wanted) {
+[[gnu::always_inline]] inline const char* find_byte(const char* from, const char* end,
+                                                    char wanted) {
 #if defined(__SSE2__)
   for (int part = 0; part < 2 && end - from >= 16; ++part, from += 16) {
     const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
@@ -50,7 +51,7 @@ class LineEnds {
       : next_block_(from), end_(end), line_end_(line_end) {}
 
   /// The next one, or the end of the text.
-  const char* next() {
+  [[gnu::always_inline]] const char* next() {
     while (mask_ == 0) {
       if (end_ - next_block_ < 64) {
         const char* const found = find_byte(next_block_, end_, line_end_);
@@ -76,7 +77,7 @@ class LineEnds {
 
 /// The number on a group code line as all programs write it, blanks and then digits; -1 for
 /// anything else.
-inline std::int32_t plain_code(const char* from, const char* line_end) {
+[[gnu::always_inline]] inline std::int32_t plain_code(const char* from, const char* line_end) {
   if (line_end != from && line_end[-1] == '\r') --line_end;
   while (from != line_end && *from == ' ') ++from;
   std::int32_t code = -1;
@@ -87,8 +88,10 @@ inline std::int32_t plain_code(const char* from, const char* line_end) {
 }
 
 /// Without the blanks and the carriage return around it.
-inline std::string_view trimmed(const char* from, const char* end) {
-  const auto is_blank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
+[[gnu::always_inline]] inline std::string_view trimmed(const char* from, const char* end) {
+  const auto is_blank = [](char c) {
+    return static_cast<unsigned char>(c) <= ' ' && (c == ' ' || c == '\t' || c == '\r');
+  };
   while (from != end && is_blank(*from)) ++from;
   while (from != end && is_blank(end[-1])) --end;
   return {from, static_cast<std::size_t>(end - from)};

@@ -31,10 +31,10 @@ std::string new_line_of(std::string_view bytes, char line_end) {
 }
 
 /// The tags of a record are counted with 32 bits.
-void refuse_giant(const Store& store) {
-  constexpr std::uint64_t most = 0xFFFF'FFFF;
+constexpr std::uint64_t most_bytes_of_record = 0xFFFF'FFFF;
+
+[[noreturn]] void refuse_giant(const Store& store) {
   const auto latest = static_cast<RecordId>(store.records.size() - 1);
-  if (store.records_end - store.at(latest).begin <= most) return;
   throw Error(store.where(latest, 0) + ": is larger than 4 GB, more than a record can be here");
 }
 
@@ -42,15 +42,16 @@ void refuse_giant(const Store& store) {
 template <class Reader>
 void read_records(Store& store, Reader& reader) {
   Structure structure(store);
-  HeadCollector collector("");
+  HeadCollector collector;
   // Ends the latest record there, and tells the damage that the reader met on the way.
   const auto end_record = [&](std::size_t end) {
     store.records_end = end;
+    Record& latest = store.records.back();
     if (const auto& damage = reader.damage()) {
-      store.records.back().flags |= Record::damaged;
+      latest.flags |= Record::damaged;
       structure.warn(damage->offset, damage->text);
     }
-    refuse_giant(store);
+    if (end - latest.begin > most_bytes_of_record) refuse_giant(store);
   };
   store.records_end = reader.begin();
   while (reader.head(collector)) {

@@ -61,7 +61,7 @@ const char* TextReader::usual_head(const char* at, HeadCollector& collector) {
     collector.take(code, text, [&] { return leading_number(text); });
   };
   if (!usual_.zero.pass(at, end)) take_line();
-  collector = HeadCollector(take_line());
+  collector.begin(take_line());
   if (!usual_.handle.pass(at, end)) return at;
   take(5, take_line());
   if (!usual_.owner.pass(at, end)) return at;
