@@ -11,7 +11,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "The Velmar developers <velmar@localhost>")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-liberation)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-liberation, libcairo2")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "drawing-editing commands for CAD drafters
 Runs the methods of a toolbox for draftsmen, detailers and CAD managers on DXF
 drawings, text and binary, from R12 to the newest: texts, layers, lengths and

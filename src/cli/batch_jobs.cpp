@@ -2,7 +2,6 @@
 
 #include <random>
 #include <sstream>
-#include <thread>
 
 #include "cli/json.h"
 
@@ -92,9 +91,17 @@ std::optional<BatchRow> BatchJobs::next() {
         job->process->kill();
       }
     }
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    wait();
   }
   return std::nullopt;
+}
+
+/// Until a job ends, or it is time to look at limits and whether to stop.
+void BatchJobs::wait() const {
+  constexpr std::chrono::milliseconds between_looks(50);
+  std::vector<Process*> processes;
+  for (const Running& job : running_) processes.push_back(job.process.get());
+  Process::wait_for_any(processes, between_looks);
 }
 
 BatchRow BatchJobs::row_of(const Running& running, int exit_code) const {

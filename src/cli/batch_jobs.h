@@ -46,6 +46,7 @@ class BatchJobs {
   };
 
   void fill_up();
+  void wait() const;
   BatchRow row_of(const Running& running, int exit_code) const;
 
   std::deque<BatchJob> waiting_;

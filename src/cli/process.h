@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -23,6 +24,8 @@ class Process {
   /// signals). Nothing as long as it runs.
   std::optional<int> ended();
   void kill();
+  /// Returns when one of them has ended, a signal came, or that time has passed; perhaps earlier.
+  static void wait_for_any(const std::vector<Process*>& running, std::chrono::milliseconds at_most);
 
  private:
   struct Handle;

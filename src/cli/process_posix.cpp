@@ -1,8 +1,10 @@
 #include <fcntl.h>
+#include <poll.h>
 #include <sched.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -39,7 +41,12 @@ std::vector<char*> pointers(const std::vector<std::string>& words) {
 
 struct Process::Handle {
   pid_t id = 0;
+  int file = -1;  // can be waited for; -1 where the kernel has no such files
   std::optional<int> ended;
+
+  ~Handle() {
+    if (file >= 0) ::close(file);
+  }
 };
 
 Process::Process(const std::vector<std::string>& command, const std::filesystem::path& output,
@@ -65,6 +72,7 @@ Process::Process(const std::vector<std::string>& command, const std::filesystem:
   if (error != 0) {
     throw drawing::Error(command.front() + ": does not start: " + std::strerror(error));
   }
+  handle_->file = static_cast<int>(::syscall(SYS_pidfd_open, handle_->id, 0));
 }
 
 Process::~Process() {
@@ -84,6 +92,16 @@ std::optional<int> Process::ended() {
 
 void Process::kill() {
   if (!handle_->ended) ::kill(handle_->id, SIGKILL);
+}
+
+void Process::wait_for_any(const std::vector<Process*>& running,
+                           std::chrono::milliseconds at_most) {
+  std::vector<pollfd> files;
+  for (const Process* process : running) {
+    if (process->handle_->file < 0) at_most = std::chrono::milliseconds(1);
+    files.push_back({process->handle_->file, POLLIN, 0});  // -1 is passed over
+  }
+  ::poll(files.data(), files.size(), static_cast<int>(at_most.count()));
 }
 
 void end_with_parent() {

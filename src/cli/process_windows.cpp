@@ -87,6 +87,15 @@ void Process::kill() {
   if (!ended()) ::TerminateProcess(handle_->process.get(), 1);
 }
 
+void Process::wait_for_any(const std::vector<Process*>& running,
+                           std::chrono::milliseconds at_most) {
+  std::vector<HANDLE> handles;
+  for (const Process* process : running) handles.push_back(process->handle_->process.get());
+  const auto count =
+      static_cast<DWORD>(std::min<std::size_t>(handles.size(), MAXIMUM_WAIT_OBJECTS));
+  ::WaitForMultipleObjects(count, handles.data(), FALSE, static_cast<DWORD>(at_most.count()));
+}
+
 void end_with_parent() {}
 
 std::string own_program() { return embedded::program_path().string(); }

@@ -3,9 +3,7 @@
 #include "drawing/error.h"
 
 #ifdef VELMAR_CAIRO
-#include <cairo-pdf.h>
-#include <cairo-svg.h>
-#include <cairo.h>
+#include "render/cairo_library.h"
 #endif
 
 #include <algorithm>
@@ -31,17 +29,17 @@ std::optional<Format> format_of(const std::filesystem::path& path) {
 namespace {
 
 struct Close {
-  void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-  void operator()(cairo_t* context) const { cairo_destroy(context); }
+  void operator()(cairo_surface_t* surface) const { CairoLibrary::get().surface_destroy(surface); }
+  void operator()(cairo_t* context) const { CairoLibrary::get().destroy(context); }
 };
 using Surface = std::unique_ptr<cairo_surface_t, Close>;
 using Context = std::unique_ptr<cairo_t, Close>;
 
 class CairoPainter final : public Painter {
  public:
-  explicit CairoPainter(cairo_t* context) : context_(context) {
-    cairo_set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
-    cairo_set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
+  CairoPainter(const CairoLibrary& cairo, cairo_t* context) : cairo_(cairo), context_(context) {
+    cairo_.set_line_cap(context_, CAIRO_LINE_CAP_ROUND);
+    cairo_.set_line_join(context_, CAIRO_LINE_JOIN_ROUND);
   }
 
   /// A long line in pieces, whose round ends join them: all crossings of a line with itself are
@@ -49,46 +47,47 @@ class CairoPainter final : public Painter {
   void stroke(const Chain& chain, const Ink& ink, double width) override {
     constexpr std::size_t longest = 1000;
     use(ink);
-    cairo_set_line_width(context_, width);
+    cairo_.set_line_width(context_, width);
     for (std::size_t from = 0; from == 0 || from + 1 < chain.size(); from += longest) {
       trace(std::span(chain).subspan(from, std::min(longest + 1, chain.size() - from)));
-      if (chain.size() == 1) cairo_line_to(context_, chain[0].x, chain[0].y);
-      cairo_stroke(context_);
+      if (chain.size() == 1) cairo_.line_to(context_, chain[0].x, chain[0].y);
+      cairo_.stroke(context_);
     }
   }
   void fill(const std::vector<Chain>& areas, const Ink& ink, Rule rule) override {
     use(ink);
-    cairo_set_fill_rule(context_,
-                        rule == Rule::nonzero ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
+    cairo_.set_fill_rule(
+        context_, rule == Rule::nonzero ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
     trace_all(areas);
-    cairo_fill(context_);
+    cairo_.fill(context_);
   }
   void push_clip(const std::vector<Chain>& areas) override {
-    cairo_save(context_);
+    cairo_.save(context_);
     trace_all(areas);
-    cairo_clip(context_);
+    cairo_.clip(context_);
   }
-  void pop_clip() override { cairo_restore(context_); }
+  void pop_clip() override { cairo_.restore(context_); }
 
  private:
   void use(const Ink& ink) {
-    cairo_set_source_rgba(context_, ink.color.red / 255.0, ink.color.green / 255.0,
-                          ink.color.blue / 255.0, ink.opacity);
+    cairo_.set_source_rgba(context_, ink.color.red / 255.0, ink.color.green / 255.0,
+                           ink.color.blue / 255.0, ink.opacity);
   }
   void trace(std::span<const Point> chain) {
     bool first = true;
     for (const Point& p : chain) {
-      (first ? cairo_move_to : cairo_line_to)(context_, p.x, p.y);
+      (first ? cairo_.move_to : cairo_.line_to)(context_, p.x, p.y);
       first = false;
     }
   }
   void trace_all(const std::vector<Chain>& areas) {
     for (const Chain& area : areas) {
       trace(area);
-      cairo_close_path(context_);
+      cairo_.close_path(context_);
     }
   }
 
+  const CairoLibrary& cairo_;
   cairo_t* context_;
 };
 
@@ -97,59 +96,56 @@ cairo_status_t append(void* bytes, const unsigned char* data, unsigned int size)
   return CAIRO_STATUS_SUCCESS;
 }
 
-Surface make_surface(const Sheet& sheet, std::string& bytes) {
+Surface make_surface(const CairoLibrary& cairo, const Sheet& sheet, std::string& bytes) {
   switch (sheet.format) {
     case Format::svg: {
       Surface surface(
-          cairo_svg_surface_create_for_stream(append, &bytes, sheet.width, sheet.height));
-      cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PT);
+          cairo.svg_surface_create_for_stream(append, &bytes, sheet.width, sheet.height));
+      cairo.svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PT);
       return surface;
     }
     case Format::pdf:
       return Surface(
-          cairo_pdf_surface_create_for_stream(append, &bytes, sheet.width, sheet.height));
+          cairo.pdf_surface_create_for_stream(append, &bytes, sheet.width, sheet.height));
     case Format::png:
       break;
   }
-  return Surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
+  return Surface(cairo.image_surface_create(CAIRO_FORMAT_RGB24,
                                             static_cast<int>(std::lround(sheet.width)),
                                             static_cast<int>(std::lround(sheet.height))));
 }
 
-void check(cairo_status_t status) {
+void check(const CairoLibrary& cairo, cairo_status_t status) {
   if (status == CAIRO_STATUS_SUCCESS) return;
   throw drawing::Error(std::string("the picture could not be drawn: ") +
-                       cairo_status_to_string(status));
+                       cairo.status_to_string(status));
 }
 
 }  // namespace
 
-bool can_draw_pictures() { return true; }
-
 std::string picture(const Sheet& sheet, const std::function<void(Painter&)>& draw) {
+  const CairoLibrary& cairo = CairoLibrary::get();
   std::string bytes;
-  const Surface surface = make_surface(sheet, bytes);
-  check(cairo_surface_status(surface.get()));
+  const Surface surface = make_surface(cairo, sheet, bytes);
+  check(cairo, cairo.surface_status(surface.get()));
   {
-    const Context context(cairo_create(surface.get()));
-    CairoPainter painter(context.get());
+    const Context context(cairo.create(surface.get()));
+    CairoPainter painter(cairo, context.get());
     painter.fill({{{0, 0}, {sheet.width, 0}, {sheet.width, sheet.height}, {0, sheet.height}}},
                  {sheet.paper, 1}, Rule::nonzero);
     draw(painter);
-    check(cairo_status(context.get()));
+    check(cairo, cairo.status(context.get()));
   }
   if (sheet.format == Format::png) {
-    check(cairo_surface_write_to_png_stream(surface.get(), append, &bytes));
+    check(cairo, cairo.surface_write_to_png_stream(surface.get(), append, &bytes));
   } else {
-    cairo_surface_finish(surface.get());
+    cairo.surface_finish(surface.get());
   }
-  check(cairo_surface_status(surface.get()));
+  check(cairo, cairo.surface_status(surface.get()));
   return bytes;
 }
 
 #else
-
-bool can_draw_pictures() { return false; }
 
 std::string picture(const Sheet&, const std::function<void(Painter&)>&) {
   throw drawing::Error(

@@ -20,10 +20,8 @@ struct Sheet {
   Color paper = {};
 };
 
-/// Whether this program was built with cairo, which draws pictures.
-bool can_draw_pictures();
 /// The bytes of a picture file on which `draw` has painted. Fails with drawing::Error where there
-/// is no memory for it, or this program cannot draw.
+/// is no memory for it, and where cairo is missing, which draws.
 std::string picture(const Sheet& sheet, const std::function<void(Painter&)>& draw);
 
 }  // namespace velmar::render
