@@ -1,5 +1,6 @@
 #include "drawing/code_page.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdint>
@@ -77,15 +78,15 @@ std::string CodePage::to_utf8(std::string_view bytes) const {
   if (is_utf8()) return std::string(bytes);
   std::string text;
   text.reserve(bytes.size() + bytes.size() / 2);
-  for (; !bytes.empty(); bytes.remove_prefix(1)) {
-    const auto byte = static_cast<unsigned char>(bytes.front());
-    if (byte < 0x80) {
-      text += bytes.front();
-    } else if (const std::string& character = (*high_bytes_)[byte - 0x80]; !character.empty()) {
-      text += character;
-    } else {
-      break;
-    }
+  while (true) {
+    const auto high = std::ranges::find_if(bytes, [](char c) { return (c & 0x80) != 0; });
+    text.append(bytes.begin(), high);
+    bytes.remove_prefix(static_cast<std::size_t>(high - bytes.begin()));
+    if (bytes.empty()) break;
+    const std::string& character = (*high_bytes_)[static_cast<unsigned char>(bytes.front()) & 0x7F];
+    if (character.empty()) break;
+    text += character;
+    bytes.remove_prefix(1);
   }
   while (!converter_->to_utf8(bytes, text)) {
     text += bytes.front();

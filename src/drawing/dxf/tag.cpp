@@ -139,9 +139,9 @@ std::string unescaped(std::string_view text, bool carets, bool characters) {
   std::string out;
   out.reserve(text.size());
   while (true) {
-    const std::size_t plain = std::min(text.find_first_of("\\^"), text.size());
-    out += text.substr(0, plain);
-    text.remove_prefix(plain);
+    const auto special = std::ranges::find_if(text, [](char c) { return c == '\\' || c == '^'; });
+    out.append(text.begin(), special);
+    text.remove_prefix(static_cast<std::size_t>(special - text.begin()));
     if (text.empty()) break;
     const char c = text.front();
     if (characters && c == '\\' &&
