@@ -23,11 +23,7 @@ bool is_paper_space(std::string_view name) {
 
 }  // namespace
 
-Structure::Structure(Store& store)
-    : store_(store),
-      kinds_(store.source.bytes()),
-      layers_(store.source.bytes()),
-      owners_(store.source.bytes()) {
+Structure::Structure(Store& store) : store_(store) {
   store_.class_names.emplace_back(block_reference);
   Space& model = store_.spaces.emplace_back();
   model.name = "*Model_Space";
@@ -108,17 +104,11 @@ void Structure::begin_entity(Record& record, const Head& head) {
 
 SpaceId Structure::space_by_owner(std::string_view owner, bool in_paper_space) {
   if (owner.empty()) return in_paper_space ? paper_space() : SpaceId::model;
-  if (owner.data() == latest_owner_.data() && owner.size() == latest_owner_.size()) {
-    return space_of_latest_;  // the very bytes: the reader has compared them
-  }
   const SpaceId space = owners_.get(owner, [this](std::string_view raw) {
     const auto found = space_of_owner_.find(parse_handle(raw));
     return found == space_of_owner_.end() ? SpaceId::none : found->second;
   });
-  if (space != SpaceId::none && store_.spaces[index(space)].is_layout) {
-    latest_owner_ = owner;
-    return space_of_latest_ = space;
-  }
+  if (space != SpaceId::none && store_.spaces[index(space)].is_layout) return space;
   unresolved_.push_back({current_, parse_handle(owner), in_paper_space});
   return in_paper_space ? paper_space() : SpaceId::model;
 }

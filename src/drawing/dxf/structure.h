@@ -59,8 +59,6 @@ class Structure {
   ViewCache<std::optional<Kind>> kinds_;
   ViewCache<LayerId> layers_;
   ViewCache<SpaceId> owners_;
-  std::string_view latest_owner_;            // in the source
-  SpaceId space_of_latest_ = SpaceId::none;  // a layout's
   std::unordered_map<Handle, SpaceId> space_of_owner_;
   struct Unresolved {
     RecordId entity;
