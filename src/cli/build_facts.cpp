@@ -2,6 +2,8 @@
 
 #include <CLI/Version.hpp>
 #include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
 
 #include "embedded/host.h"
 
@@ -34,13 +36,17 @@ std::string json_version() {
          std::to_string(NLOHMANN_JSON_VERSION_PATCH);
 }
 
+/// What was not known when it was built is empty.
+std::string with_prefix(std::string_view prefix, std::string_view fact, std::string_view end = "") {
+  return fact.empty() ? "" : std::string(prefix).append(fact).append(end);
+}
+
 }  // namespace
 
 std::string version_text() {
   std::string text = "velmar " + std::string(embedded::velmar_version) + "\n";
-  const std::string revision = VELMAR_REVISION, build = VELMAR_BUILD_TYPE;
-  if (!revision.empty()) text += "revision  " + revision + "\n";
-  text += "compiler  " + compiler() + (build.empty() ? "" : ", " + build) + "\n";
+  text += with_prefix("revision  ", VELMAR_REVISION, "\n");
+  text += "compiler  " + compiler() + with_prefix(", ", VELMAR_BUILD_TYPE) + "\n";
   text += "system    " VELMAR_SYSTEM "\n";
   return text + "libraries CLI11 " CLI11_VERSION ", JSON for Modern C++ " + json_version();
 }
