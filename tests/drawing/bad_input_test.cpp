@@ -111,6 +111,16 @@ TEST(BadInput, ABinaryRecordWithoutANameBelongsToTheOneBefore) {
   EXPECT_THROW(drawing.convert({{}, false}), Error) << "text could not say what it holds";
 }
 
+TEST(BadInput, AGroupCode0IsOneHoweverManyZerosItHas) {
+  std::string bytes = drawing_of("AC1015", walls_line + circle_words);
+  for (const char* zeros : {"00", "  000"}) {
+    const Drawing drawing = Drawing::read(
+        replaced(bytes, "0\r\nCIRCLE", zeros + std::string("\r\nCIRCLE")), "zeros.dxf");
+    EXPECT_EQ(drawing.entity_count(SpaceId::model), 2u) << zeros;
+    EXPECT_TRUE(drawing.warnings().empty()) << zeros;
+  }
+}
+
 TEST(BadInput, MissingEndsAreTold) {
   const std::string sound = drawing_of("AC1015", walls_line + circle_words);
   const std::string no_eof = replaced(sound, "0\r\nEOF\r\n", "");

@@ -13,9 +13,9 @@ struct ScanStop {
 
 /// Text DXF is pairs of lines, group code and value. From `at`, the beginning of a group code line,
 /// finds the next group code line that reads 0, testing on the way that every group code line is
-/// blanks, then digits. Lines end with LF or CR LF. Reads 64 bytes at a time: line ends as a bit
-/// mask, group code lines from values by the parity of line ends before them; no work is done per
-/// line.
+/// blanks, then a number without leading zeros. Lines end with LF or CR LF. Reads 64 bytes at a
+/// time: line ends as a bit mask, group code lines from values by the parity of line ends before
+/// them; no work is done per line.
 ScanStop find_record(const char* at, const char* end);
 
 /// The same for one kind of processor; find_record chooses.

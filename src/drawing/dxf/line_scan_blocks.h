@@ -57,14 +57,10 @@ ScanStop find_record_in_blocks(const char* at, const char* end) {
     const std::uint64_t odd = code_lines & (~bytes.usual | odd_ends);
     const std::uint64_t leading_zeros = code_lines & bytes.zero & ~follows_digit;
     if ((leading_zeros | odd) != 0) {
-      const std::uint64_t before_odd = odd == 0 ? ~std::uint64_t{0} : (odd & -odd) - 1;
-      for (auto zeros = leading_zeros & before_odd; zeros != 0; zeros &= zeros - 1) {
-        const char* line = block + std::countr_zero(zeros);
-        if (!ends_line(line + 1, end)) continue;
-        while (line != at && line[-1] != '\n') --line;
-        return {line, false};
-      }
-      if (odd != 0) return {at, true};
+      const char* line = block + std::countr_zero(leading_zeros | odd);
+      if (*line != '0' || !ends_line(line + 1, end)) return {at, true};
+      while (line != at && line[-1] != '\n') --line;
+      return {line, false};
     }
     if ((feeds >> 63) != 0) in_value = ~in_value;
   }
