@@ -137,6 +137,10 @@ void add_blocks(FileText& file, const std::vector<TagBlock>& blocks) {
 }  // namespace
 
 void append_tag(std::string& out, const TagValue& tag, const dxf::Format& format) {
+  if (format.binary && (tag.code < INT16_MIN || tag.code > INT16_MAX)) {
+    throw Error("group code " + std::to_string(tag.code) +
+                ": expected one below 32768, as binary DXF has no others");
+  }
   const dxf::ValueKind kind = dxf::value_kind(tag.code);
   if (const auto* const real = std::get_if<double>(&tag.value)) {
     return dxf::append_real(out, tag.code, *real, format);
