@@ -18,6 +18,10 @@ std::int32_t leading_number(std::string_view text) {
   return negative ? -value : value;
 }
 
+void take(HeadCollector& collector, int code, std::string_view text) {
+  collector.take(code, text, [&] { return leading_number(text); });
+}
+
 }  // namespace
 
 TextReader::TextReader(std::string_view bytes, std::size_t from, const std::string& new_line)
@@ -57,25 +61,22 @@ const char* TextReader::usual_head(const char* at, HeadCollector& collector) {
     at = stop + (stop != end);
     return trimmed(begin, stop);
   };
-  const auto take = [&](int code, std::string_view text) {
-    collector.take(code, text, [&] { return leading_number(text); });
-  };
   if (!usual_.zero.pass(at, end)) take_line();
   collector.begin(take_line());
   if (!usual_.handle.pass(at, end)) return at;
-  take(5, take_line());
+  take(collector, 5, take_line());
   if (!usual_.owner.pass(at, end)) return at;
   if (!owner_line_.pass(at, end)) {
     const char* const begin = at;
     owner_ = take_line();
     owner_line_ = KnownLines<2>({begin, static_cast<std::size_t>(at - begin)});
   }
-  take(330, owner_);
+  take(collector, 330, owner_);
   if (!usual_.class_and_layer.pass(at, end)) return at;
-  take(8, take_line());
+  take(collector, 8, take_line());
   // The search for the next record does not wait for where the marker ends.
   const char* const marker = at;
-  if (usual_.marker.pass(at, end)) take(100, take_line());
+  if (usual_.marker.pass(at, end)) take(collector, 100, take_line());
   return marker;
 }
 
@@ -91,8 +92,7 @@ bool TextReader::head(HeadCollector& collector) {
     if (code <= 0) break;  // the next record, or a line to be looked at with care
     const char* const value = code_end + 1;
     const char* const last = line_ends.next();
-    const std::string_view text = trimmed(value, last);
-    collector.take(code, text, [&] { return leading_number(text); });
+    take(collector, code, trimmed(value, last));
     at = last + (last != end);
   }
   at_ = static_cast<std::size_t>(at - bytes_.data());
