@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# wine.sh PROGRAM.exe [ARG...]: runs a Windows program, for VELMAR_WINE_SECONDS (120) at most; its exit code is the
+# wine.sh PROGRAM.exe [ARG...]: runs a Windows program, for VELMAR_WINE_SECONDS (600) at most; its exit code is the
 # program's, or 124 where it took longer. Its Windows is one of our own, in build/wine, made on first use.
 # wine.sh --end ends what is still running there; left alone it ends by itself after a minute.
 set -euo pipefail
@@ -35,4 +35,4 @@ if [ "${1-}" = --end ]; then
   exit 0
 fi
 start
-exec timeout --kill-after=5 "${VELMAR_WINE_SECONDS:-120}" wine "$@"
+exec timeout --kill-after=5 "${VELMAR_WINE_SECONDS:-600}" wine "$@"

@@ -54,13 +54,23 @@ void append_escape(std::string& bytes, char32_t character) {
 CodePage CodePage::utf8() { return {}; }
 
 CodePage CodePage::named(std::string_view dxf_name) {
-  CodePage page;
+  constexpr const char* standard_name = "CP1252";
+  static const CodePage standard = of(open_converter(standard_name));
   const std::string name = converter_name(dxf_name);
-  if (name == "UTF-8") return page;
-  if (!name.empty()) page.converter_ = open_converter(name);
-  page.known_ = dxf_name.empty() || page.converter_;
-  if (!page.converter_) page.converter_ = open_converter("CP1252");
-  page.high_bytes_ = std::make_shared<const HighBytes>(high_bytes(*page.converter_));
+  if (name == "UTF-8") return utf8();
+  if (dxf_name.empty() || name == standard_name) return standard;
+  if (!name.empty()) {
+    if (auto converter = open_converter(name)) return of(std::move(converter));
+  }
+  CodePage page = standard;
+  page.known_ = false;
+  return page;
+}
+
+CodePage CodePage::of(std::shared_ptr<const CodePageConverter> converter) {
+  CodePage page;
+  page.high_bytes_ = std::make_shared<const HighBytes>(high_bytes(*converter));
+  page.converter_ = std::move(converter);
   return page;
 }
 

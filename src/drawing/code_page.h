@@ -26,6 +26,7 @@ class CodePage {
  private:
   /// The characters of the bytes from 80 on, as UTF-8; empty for one that is none by itself.
   using HighBytes = std::array<std::string, 128>;
+  static CodePage of(std::shared_ptr<const CodePageConverter> converter);
   static HighBytes high_bytes(const CodePageConverter& converter);
 
   std::shared_ptr<const CodePageConverter> converter_;  // none: UTF-8

@@ -55,6 +55,14 @@ std::optional<std::string> Drawing::header(std::string_view name) const {
   return value;
 }
 
+HeaderVariables Drawing::header_variables() const {
+  if (store_->landmarks.header == RecordId::none) return {};
+  HeaderVariables all =
+      dxf::RecordReader(store_->bytes(store_->landmarks.header), store_->format).variables();
+  std::erase_if(all, [](const auto& variable) { return variable.second.empty(); });
+  return all;
+}
+
 std::optional<Box> Drawing::header_extents() const { return header_box("$EXTMIN", "$EXTMAX"); }
 
 std::optional<Box> Drawing::header_box(std::string_view low_name,

@@ -17,6 +17,7 @@
 #include "drawing/entities/view.h"
 #include "drawing/entity.h"
 #include "drawing/geometry/box.h"
+#include "drawing/header_variables.h"
 #include "drawing/record.h"
 #include "drawing/tag_value.h"
 
@@ -101,6 +102,8 @@ class Drawing {
   std::vector<Warning> broken_references() const;
   /// A header variable's first value as text ("$CLAYER"); nothing where the file has none.
   std::optional<std::string> header(std::string_view name) const;
+  /// All of them, to look up many.
+  HeaderVariables header_variables() const;
   /// Nothing is done where the file has no header.
   void set_header(std::string_view name, int code, std::int32_t value);
   /// $EXTMIN and $EXTMAX, where the header has them and they make a box.

@@ -18,18 +18,18 @@ std::string name_of(const Drawing& drawing, std::string_view handle) {
 /// Header variables by the names of the fields.
 class HeaderReader {
  public:
-  explicit HeaderReader(const Drawing& drawing) : drawing_(drawing) {}
+  explicit HeaderReader(const HeaderVariables& header) : header_(header) {}
 
   void subclass(std::string_view) {}
   template <class Value, class Default>
   void operator()(std::string_view name, int code, Value&, const Default&) {
-    const auto found = drawing_.header("$" + std::string(name));
-    if (found) values.push_back({code, 0, *found});
+    const auto found = header_.find("$" + std::string(name));
+    if (found != header_.end()) values.push_back({code, 0, found->second});
   }
   Overrides values;
 
  private:
-  const Drawing& drawing_;
+  const HeaderVariables& header_;
 };
 
 /// Before AC1014 the units of dimensions were those of the drawing.
@@ -44,11 +44,13 @@ void take_units_of_drawing(const Drawing& drawing, DimVariables& variables) {
 
 DimVariables header_variables(const Drawing& drawing) {
   DimVariables variables;
-  HeaderReader reader(drawing);
+  const HeaderVariables header = drawing.header_variables();
+  HeaderReader reader(header);
   fields(reader, variables);
   take_overrides(reader.values, variables);
   for (const NamedVariable& row : named_variables) {
-    variables.*row.value = drawing.header("$" + std::string(row.name)).value_or("");
+    const auto found = header.find("$" + std::string(row.name));
+    variables.*row.value = found == header.end() ? std::string() : found->second;
   }
   return variables;
 }

@@ -11,7 +11,7 @@ const Tag* RecordReader::first(int code) const {
 
 std::string RecordReader::first_text(int code) const {
   const Tag* tag = first(code);
-  return tag ? text_value(record_.bytes(), *tag, record_.format()) : std::string();
+  return tag ? value_as_text(record_.bytes(), *tag, record_.format()) : std::string();
 }
 
 std::int64_t RecordReader::first_integer(int code) const {
@@ -31,15 +31,20 @@ std::string RecordReader::variable(std::string_view name) const {
   const auto& tags = record_.tags();
   for (std::size_t i = 0; i + 1 < tags.size(); ++i) {
     if (tags[i].code != 9 || record_.text(tags[i]) != name) continue;
-    const Tag& value = tags[i + 1];
-    if (!record_.format().binary || value_kind(value.code) == ValueKind::text) {
-      return text_value(record_.bytes(), value, record_.format());
-    }
-    if (const auto number = integer_value(record_.bytes(), value, record_.format())) {
-      return std::to_string(*number);
-    }
+    return value_as_text(record_.bytes(), tags[i + 1], record_.format());
   }
   return {};
+}
+
+HeaderVariables RecordReader::variables() const {
+  HeaderVariables all;
+  const auto& tags = record_.tags();
+  for (std::size_t i = 0; i + 1 < tags.size(); ++i) {
+    if (tags[i].code != 9) continue;
+    all.emplace(record_.text(tags[i]),
+                value_as_text(record_.bytes(), tags[i + 1], record_.format()));
+  }
+  return all;
 }
 
 std::optional<Point> RecordReader::point_variable(std::string_view name) const {

@@ -4,6 +4,7 @@
 
 #include "drawing/dxf/field_reader.h"
 #include "drawing/geometry/point.h"
+#include "drawing/header_variables.h"
 
 namespace velmar::drawing::dxf {
 
@@ -23,6 +24,8 @@ class RecordReader {
   Point first_point(int code) const;
   /// The first value of a header variable, as text.
   std::string variable(std::string_view name) const;
+  /// The same of all.
+  HeaderVariables variables() const;
   std::optional<Point> point_variable(std::string_view name) const;
   LayoutFields layout() const;
   template <class Row>

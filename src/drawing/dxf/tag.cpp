@@ -267,6 +267,17 @@ std::string text_value(std::string_view bytes, const Tag& tag, const Format& for
   return decode_text(tag.text(bytes), format);
 }
 
+std::string value_as_text(std::string_view bytes, const Tag& tag, const Format& format) {
+  const ValueKind kind = value_kind(tag.code);
+  if (!format.binary || kind == ValueKind::text) return text_value(bytes, tag, format);
+  if (kind == ValueKind::real) {
+    const auto value = real_value(bytes, tag, format);
+    return value ? real_bytes(*value, Format{}) : std::string();
+  }
+  const auto value = integer_value(bytes, tag, format);
+  return value ? std::to_string(*value) : std::string();
+}
+
 std::string decode_text(std::string_view raw, const Format& format) {
   bool is_ascii = true, plain = true;
   for (const char c : raw) {

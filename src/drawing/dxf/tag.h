@@ -61,6 +61,8 @@ std::optional<std::int64_t> integer_value(std::string_view bytes, const Tag& tag
                                           const Format& format);
 /// UTF-8, with `\U+XXXX`, `\M+nXXXX` and the caret forms of control characters resolved.
 std::string text_value(std::string_view bytes, const Tag& tag, const Format& format);
+/// A value of any kind but a chunk, as a text drawing has it.
+std::string value_as_text(std::string_view bytes, const Tag& tag, const Format& format);
 std::string decode_text(std::string_view raw, const Format& format);
 /// UTF-8 with the caret forms resolved, but `\U+XXXX` and `\M+nXXXX` as the file has them.
 std::string text_as_written(std::string_view raw, const Format& format);
