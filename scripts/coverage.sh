@@ -20,7 +20,7 @@ import json, sys
 for file in json.load(open(sys.argv[1]))["files"]:
     source = open(file["file"]).read().split("\n")
     for line in file["lines"]:
-        if line["count"] == 0:
+        if line["count"] == 0 and not line["gcovr/noncode"]:
             print("%s:%d: %s" % (file["file"], line["line_number"], source[line["line_number"] - 1].strip()))
 END
 tail -n 3 build/coverage/lines.txt
